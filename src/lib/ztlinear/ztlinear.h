@@ -1,0 +1,13 @@
+#ifndef ZTLINEAR_ZTLINEAR_H
+#define ZTLINEAR_ZTLINEAR_H
+
+// Every public header of the ztlinear library.
+#include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLMaths.h>
+#include <ztlinear/ZtLMatrix.h>
+#include <ztlinear/ZtLPick.h>
+#include <ztlinear/ZtLPickSweep.h>
+#include <ztlinear/ZtLVec.h>
+#include <ztlinear/ZtLVersion.h>
+
+#endif

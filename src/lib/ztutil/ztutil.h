@@ -1,0 +1,15 @@
+#ifndef ZTUTIL_ZTUTIL_H
+#define ZTUTIL_ZTUTIL_H
+
+// Every public header of the ztutil platform layer.
+#include <ztutil/ZtUAutoPtr.h>
+#include <ztutil/ZtUChecksum.h>
+#include <ztutil/ZtUComponent.h>
+#include <ztutil/ZtUError.h>
+#include <ztutil/ZtUExport.h>
+#include <ztutil/ZtUPtrVector.h>
+#include <ztutil/ZtUStringBuffer.h>
+#include <ztutil/ZtUSysError.h>
+#include <ztutil/ZtUWeakReference.h>
+
+#endif
