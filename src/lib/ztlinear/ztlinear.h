@@ -8,6 +8,7 @@
 #include <ztlinear/ZtLPick.h>
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
 
 #endif
