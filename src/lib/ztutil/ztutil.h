@@ -11,5 +11,6 @@
 #include <ztutil/ZtUStringBuffer.h>
 #include <ztutil/ZtUSysError.h>
 #include <ztutil/ZtUWeakReference.h>
+#include <ztutil/ZtUXMLDOMStream.h>
 
 #endif
