@@ -10,6 +10,7 @@
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
 
