@@ -8,6 +8,7 @@
 #include <ztutil/ZtUError.h>
 #include <ztutil/ZtUExport.h>
 #include <ztutil/ZtUPtrVector.h>
+#include <ztutil/ZtUStream.h>
 #include <ztutil/ZtUStringBuffer.h>
 #include <ztutil/ZtUSysError.h>
 #include <ztutil/ZtUWeakReference.h>
