@@ -2,11 +2,17 @@
 #define ZTLINEAR_ZTLINEAR_H
 
 // Every public header of the ztlinear library.
+#include <ztlinear/ZtLBoEventPoint.h>
+#include <ztlinear/ZtLBoPointList.h>
+#include <ztlinear/ZtLBoSegment2f.h>
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLFunction.h>
+#include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLNewellMethod2f.h>
+#include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLRotation3f.h>
