@@ -12,6 +12,7 @@
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
 
