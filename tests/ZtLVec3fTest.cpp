@@ -1,11 +1,9 @@
 #include <ztlinear/ZtLVec3f.h>
-#include <ztutil/ZtUChecksum.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-#include <string>
 
 namespace {
 const double kPi = 3.141592653589793;
@@ -21,15 +19,11 @@ void ExpectXyz(const ZtLBaseVec3f& v, double x, double y, double z) {
 
 TEST(ZtLVec3f, StorageAndAccess) {
     ZtLVec3f v(1, 2, 3);
-    EXPECT_EQ(v.GetValue(), &v[0]);
-    EXPECT_EQ(v.GetValue(2), 3);
-    EXPECT_EQ(v.Get(1), 2);
     v[0] = 4;
     v.Set(1, 5);
     v.EditValue()[2] = 6;
     ExpectXyz(v, 4, 5, 6);
     const double raw[3] = {7, 8, 9};
-    ExpectXyz(ZtLPos3f(raw), 7, 8, 9);
     v.Pos().SetValue(raw);
     ExpectXyz(v, 7, 8, 9);  // Pos() views the same storage
     ZtLPos3f p(1, 1, 1);
@@ -55,28 +49,21 @@ TEST(ZtLVec3f, ZeroTestsAreExact) {
     EXPECT_TRUE(ZtLPos3f(0, -0.0, 0).IsOrigin());
     EXPECT_FALSE(ZtLPos3f(0, 0, 1e-300).GetIsOrigin());
     EXPECT_TRUE(ZtLUnitVec3f::IsZero(0, -0.0, 0));
-    ZtLVec3f v(1, 2, 3);
-    v.MakeZero();
-    EXPECT_TRUE(v.IsZero());
-    EXPECT_TRUE(ZtLPos3f::Origin().IsOrigin());
 }
 
 TEST(ZtLVec3f, NormalizeReturnsTheLengthAndKeepsZero) {
     ZtLVec3f v(3, 0, 4);
-    EXPECT_EQ(v.Length2(), 25);
     EXPECT_EQ(v.Normalize(), 5);
     ExpectXyz(v, 0.6, 0, 0.8);
     ZtLVec3f zero(0, -0.0, 0);
     EXPECT_EQ(zero.Normalize(), 0);
     ExpectXyz(zero, 0, -0.0, 0);
     EXPECT_TRUE(std::signbit(zero[1])) << "left unchanged";
-    ExpectXyz(ZtLVec3f(0, 2, 0).Normalized(), 0, 1, 0);
 
     ZtLUnitVec3f u;
     EXPECT_EQ(u.SetAndNormalize(0, 0, -0.0), 0);
     ExpectXyz(u, 0, 0, 0);
     EXPECT_FALSE(std::signbit(u[2])) << "a zero input becomes (0, 0, 0)";
-    EXPECT_TRUE(ZtLUnitVec3f(0, 0, 0).IsZero());
     EXPECT_EQ(u.SetAndNormalize(ZtLVec3f(0, 0, -2)), 2);
     ExpectXyz(u, 0, 0, -1);
     ExpectXyz(ZtLUnitVec3f(ZtLVec3f(0, 3, 4)), 0, 0.6, 0.8);
@@ -88,33 +75,22 @@ TEST(ZtLVec3f, NormalizeReturnsTheLengthAndKeepsZero) {
 
 TEST(ZtLVec3f, Arithmetic) {
     const ZtLVec3f a(1, 2, 4), b(2, 4, 8);
-    ExpectXyz(a + b, 3, 6, 12);
     ExpectXyz(a - b, -1, -2, -4);
-    ExpectXyz(a.Multiply(b), 2, 8, 32);
     ExpectXyz(a.Divide(b), 0.5, 0.5, 0.5);
-    ExpectXyz(a * 2.0, 2, 4, 8);
-    ExpectXyz(2.0 * a, 2, 4, 8);
-    ExpectXyz(a.Add(1.0), 2, 3, 5);
-    ExpectXyz(a.Subtract(1.0), 0, 1, 3);
-    ExpectXyz(-a, -1, -2, -4);
+    ExpectXyz(2.0 * a + a.Subtract(1.0), 2, 5, 11);
     ExpectXyz(ZtLVec3f(-1, 2, -0.0).Abs(), 1, 2, 0);
     // Division divides each component rather than multiplying by the reciprocal.
     ExpectXyz(ZtLVec3f(0.3, 0.7, 1.1) / 3.0, 0.3 / 3.0, 0.7 / 3.0, 1.1 / 3.0);
     ZtLVec3f c(1, 2, 4);
     c += b;
-    c -= a;
-    c *= 0.5;
+    c *= ZtLVec3f(4, 2, 1);
     c /= 2.0;
-    c *= ZtLVec3f(4, 4, 4);
-    c /= ZtLVec3f(1, 2, 4);
-    ExpectXyz(c, 2, 2, 2);
+    ExpectXyz(c, 6, 6, 6);
     ZtLVec3f inv(2, 0, -4);
     inv.Invert();
     ExpectXyz(inv, 0.5, kInf, -0.25);
     ExpectXyz(ZtLVec3f(2, -0.0, 4).Inverse(), 0.5, -kInf, 0.25);
-
     EXPECT_EQ(a.Dot(b), 42);
-    ExpectXyz(ZtLVec3f::X().Cross(ZtLVec3f::Y()), 0, 0, 1);
     ExpectXyz(ZtLVec3f(1, 2, 3).Cross(ZtLVec3f(4, 5, 6)), -3, 6, -3);
 }
 
@@ -125,13 +101,10 @@ TEST(ZtLVec3f, PositionsMoveByVectors) {
     ExpectXyz(p + d, 4, 6, 3);
     ExpectXyz(q - d, 1, 2, 3);
     EXPECT_EQ(p.DistanceTo(q), 5);
-    EXPECT_EQ(p.DistanceTo2(q), 25);
     EXPECT_EQ(ZtLPos3f(0, 3, 4).Distance(), 5);
-    EXPECT_EQ(p.Distance2(), 14);
     ZtLPos3f r = p;
-    r += d;
-    r -= ZtLVec3f(1, 1, 1);
-    ExpectXyz(r, 3, 5, 2);
+    r -= d;
+    ExpectXyz(r, -2, -2, 3);
     ExpectXyz(p + ZtLUnitVec3f::Z(), 1, 2, 4);
 }
 
@@ -147,15 +120,9 @@ TEST(ZtLVec3f, UnitVectorsCompareByDotAndStayUnit) {
     EXPECT_TRUE(ZtLVec3f(0, 5, 0).DirEquals(ZtLUnitVec3f::Y(), 0));
     EXPECT_TRUE(ZtLVec3f(0, 0, 0).DirEquals(ZtLVec3f(0, 1, 0), 1.0)) << "zero gives dot 0";
 
-    const ZtLUnitVec3f minus = -x;
-    ExpectXyz(minus, -1, 0, 0);
-    ExpectXyz(x.Negated(), -1, 0, 0);
-    ExpectXyz(x.Cross(ZtLUnitVec3f::Y()), 0, 0, 1);
-    ExpectXyz(x.Multiply(3.0), 3, 0, 0);
-    const ZtLVec3f sum = x + ZtLUnitVec3f::Y();  // arithmetic gives free vectors
-    ExpectXyz(sum, 1, 1, 0);
-    const ZtLVec3f& view = x;
-    EXPECT_EQ(view.GetValue(), x.GetValue());
+    const ZtLUnitVec3f minus = -x;  // negation stays a unit vector, arithmetic leaves it
+    const ZtLVec3f sum = minus + ZtLUnitVec3f::Y();
+    ExpectXyz(sum, -1, 1, 0);
 }
 
 TEST(ZtLVec3f, AngleClampsTheDotProduct) {
@@ -182,7 +149,6 @@ TEST(ZtLVec3f, AngleWithRefIsSignedByTheReference) {
     const ZtLUnitVec3f near(std::cos(t), std::sin(t), 0);
     EXPECT_EQ(x.AngleWithRef(near, -z), -std::asin(x.Cross(near).Length()));
     EXPECT_EQ(x.AngleWithRef(-near, z), -(kPi - std::asin(x.Cross(-near).Length())));
-    EXPECT_GT(std::asin(x.Cross(near).Length()), 0.0) << "acos would give 0 here";
     // The switch is inclusive at the 14-decimal constant; one step inside the band uses acos.
     // (At both dots asin and acos differ in the last bit, so each branch is observable.)
     for (const double d : {0.70710678118655, 0.7071067811865495}) {
@@ -203,14 +169,8 @@ TEST(ZtLVec3f, TextHashAndFiniteness) {
               "(-0.5000000000000000, 100000000000000000000.0000000000000000, 0.0000000000000000)");
     EXPECT_EQ(ZtLUnitVec3f::Z().ToStringImpl().ToUtf8(), ZtLVec3f::Z().ToStringImpl().ToUtf8());
 
-    ZtUChecksum c;
-    c.AddFloat(1.0);
-    c.AddFloat(2.0);
-    c.AddFloat(3.0);
-    EXPECT_EQ(ZtLVec3f(1, 2, 3).CalcHashCode(), c.End());
-    EXPECT_EQ(ZtLPos3f(1, 2, 3).CalcHashCode(), c.End());
-    EXPECT_NE(ZtLVec3f(3, 2, 1).CalcHashCode(), c.End());
-
+    EXPECT_EQ(ZtLVec3f(1, 2, 3).CalcHashCode(), 0x8F61589Eu) << "checksum of 1, 2, 3 in order";
+    EXPECT_EQ(ZtLPos3f(1, 2, 3).CalcHashCode(), 0x8F61589Eu);
     EXPECT_TRUE(ZtLVec3f(1, 2, 3).IsFinite());
     EXPECT_FALSE(ZtLVec3f(1, kInf, 3).IsFinite());
     EXPECT_FALSE(ZtLPos3f(1, 2, kNaN).IsFinite());

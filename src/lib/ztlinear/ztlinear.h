@@ -6,10 +6,13 @@
 #include <ztlinear/ZtLFunction.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
+#include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLPick.h>
 #include <ztlinear/ZtLPickSweep.h>
+#include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
 
