@@ -5,8 +5,10 @@
 #include <ztutil/ZtUAutoPtr.h>
 #include <ztutil/ZtUChecksum.h>
 #include <ztutil/ZtUComponent.h>
+#include <ztutil/ZtUData.h>
 #include <ztutil/ZtUError.h>
 #include <ztutil/ZtUExport.h>
+#include <ztutil/ZtUOption.h>
 #include <ztutil/ZtUPtrVector.h>
 #include <ztutil/ZtUStream.h>
 #include <ztutil/ZtUStringBuffer.h>
