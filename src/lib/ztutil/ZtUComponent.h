@@ -14,7 +14,7 @@
 // whole life of its module; it is safe to initialise and terminate it from several threads.
 class ZTU_EXPORT ZtUComponent {
 public:
-    constexpr ZtUComponent() noexcept = default;
+    ZtUComponent() noexcept = default;
     ZtUComponent(const ZtUComponent&) = delete;
     ZtUComponent& operator=(const ZtUComponent&) = delete;
 
