@@ -23,6 +23,7 @@
 #include <ztutil/ZtUStringBuffer.h>
 
 #include <cmath>
+#include <type_traits>
 
 class ZtLAffine2f;
 class ZtLMatrix2f;
@@ -219,6 +220,10 @@ public:
 private:
     double m[3][3];
 };
+
+static_assert(std::is_trivially_copyable<ZtLMatrix3f>::value &&
+                  sizeof(ZtLMatrix3f) == 9 * sizeof(double),
+              "a plain value of nine doubles");
 
 // A * B: A first, then B. Returns a copy of B when A is exactly the identity, else a copy of A
 // when B is.
