@@ -75,6 +75,7 @@ TEST(ZtLMatrix3f, ProductsTakeTheExactIdentityShortCutsAndAreAliasingSafe) {
 
 TEST(ZtLMatrix3f, VectorProductsBuildersAndDeterminant) {
     EXPECT_TRUE(ZtLVec3f::Equals(ZtLVec3f(1, -2, 3) * kA, ZtLVec3f(30, -32, 21), 0.0));
+    EXPECT_TRUE(ZtLVec3f::Equals(ZtLVec3f(1, -2, 3).Multiply(kA), ZtLVec3f(30, -32, 21), 0.0));
     EXPECT_TRUE(ZtLPos3f::Equals(kA * ZtLPos3f(1, -2, 3), ZtLPos3f(6, 4, 53), 0.0));
     ZtLMatrix3f a;
     a.MakeTranslation(ZtLVec2f(5, 7));  // moves the 2D homogeneous point (1, 0, 1)
