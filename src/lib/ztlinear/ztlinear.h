@@ -2,6 +2,7 @@
 #define ZTLINEAR_ZTLINEAR_H
 
 // Every public header of the ztlinear library.
+#include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBaseVec4f.h>
 #include <ztlinear/ZtLColor3f.h>
 #include <ztlinear/ZtLExport.h>
@@ -11,6 +12,7 @@
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLPick.h>
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLPos2fList.h>
