@@ -2,6 +2,7 @@
 #define ZTUTIL_ZTUTIL_H
 
 // Every public header of the ztutil platform layer.
+#include <ztutil/ZtUArena.h>
 #include <ztutil/ZtUAutoPtr.h>
 #include <ztutil/ZtUChecksum.h>
 #include <ztutil/ZtUComponent.h>
