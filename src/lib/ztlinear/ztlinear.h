@@ -24,6 +24,7 @@
 #include <ztlinear/ZtLPos2fList.h>
 #include <ztlinear/ZtLPos3fList.h>
 #include <ztlinear/ZtLRotation3f.h>
+#include <ztlinear/ZtLTransform3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
 #include <ztlinear/ZtLVec2f.h>
