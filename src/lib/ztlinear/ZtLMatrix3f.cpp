@@ -301,3 +301,5 @@ ZtUWideStringBuffer ZtLMatrix3f::ToString() const {
                 m[0][2], m[1][0], m[1][1], m[1][2], m[2][0], m[2][1], m[2][2]);
     return text;
 }
+
+ZtLVec3f ZtLVec3f::Multiply(const ZtLMatrix3f& m) const noexcept { return *this * m; }

@@ -18,16 +18,17 @@
 // data) through the ZtLMatrix component and yields the identity.
 
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztutil/ZtUStringBuffer.h>
 
 #include <cmath>
+#include <type_traits>
 
 class ZtLAffine2f;
 class ZtLMatrix2f;
 class ZtLRotation2f;
 class ZtLRotation3f;
-class ZtLVec2f;
 
 class ZTL_EXPORT ZtLMatrix3f {
 public:
@@ -82,13 +83,17 @@ public:
         *this = ZtLMatrix3f(s[0], 0.0, 0.0, 0.0, s[1], 0.0, 0.0, 0.0, s[2]);
     }
     // diag(s.x, s.y, 1): a 2D homogeneous scale.
-    void MakeScale(const ZtLVec2f& s) noexcept;
+    void MakeScale(const ZtLVec2f& s) noexcept {
+        *this = ZtLMatrix3f(s[0], 0.0, 0.0, 0.0, s[1], 0.0, 0.0, 0.0, 1.0);
+    }
     // diag(s, s, s).
     void MakeUniformScale(double s) noexcept {
         *this = ZtLMatrix3f(s, 0.0, 0.0, 0.0, s, 0.0, 0.0, 0.0, s);
     }
     // The identity with row 2 = (t.x, t.y, 1): a 2D homogeneous translation.
-    void MakeTranslation(const ZtLVec2f& t) noexcept;
+    void MakeTranslation(const ZtLVec2f& t) noexcept {
+        *this = ZtLMatrix3f(1.0, 0.0, 0.0, 0.0, 1.0, 0.0, t[0], t[1], 1.0);
+    }
 
     // Access: row i, entry (i, j), the whole array.
     double* operator[](int i) noexcept { return m[i]; }
@@ -215,6 +220,10 @@ public:
 private:
     double m[3][3];
 };
+
+static_assert(std::is_trivially_copyable<ZtLMatrix3f>::value &&
+                  sizeof(ZtLMatrix3f) == 9 * sizeof(double),
+              "a plain value of nine doubles");
 
 // A * B: A first, then B. Returns a copy of B when A is exactly the identity, else a copy of A
 // when B is.

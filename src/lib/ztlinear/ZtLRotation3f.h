@@ -18,6 +18,7 @@
 #include <ztutil/ZtUStringBuffer.h>
 
 #include <cmath>
+#include <type_traits>
 
 class ZtUXMLDOMStream;
 
@@ -169,5 +170,9 @@ private:
 
     double q[4];
 };
+
+static_assert(std::is_trivially_copyable<ZtLRotation3f>::value &&
+                  sizeof(ZtLRotation3f) == 4 * sizeof(double),
+              "a plain value of four doubles");
 
 #endif

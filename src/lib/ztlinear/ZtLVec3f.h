@@ -25,6 +25,7 @@
 class ZtLVec3f;
 class ZtLPos3f;
 class ZtLUnitVec3f;
+class ZtLMatrix3f;
 
 // Storage of three doubles. Reading is public; writing is protected, and each derived kind
 // exposes what it allows (unit vectors keep their length).
@@ -151,6 +152,8 @@ public:
     constexpr ZtLVec3f Multiply(const ZtLVec3f& v) const noexcept {
         return ZtLVec3f(m_v[0] * v.m_v[0], m_v[1] * v.m_v[1], m_v[2] * v.m_v[2]);
     }
+    // The row vector times the matrix (this * m), as the free operator* of ZtLMatrix3f.h.
+    ZtLVec3f Multiply(const ZtLMatrix3f& m) const noexcept;
     constexpr ZtLVec3f Divide(const ZtLVec3f& v) const noexcept {
         return ZtLVec3f(m_v[0] / v.m_v[0], m_v[1] / v.m_v[1], m_v[2] / v.m_v[2]);
     }
