@@ -7,6 +7,8 @@
 #include <ztlinear/ZtLBoEventPoint.h>
 #include <ztlinear/ZtLBoPointList.h>
 #include <ztlinear/ZtLBoSegment2f.h>
+#include <ztlinear/ZtLBox2f.h>
+#include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLColor3f.h>
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLFunction.h>
