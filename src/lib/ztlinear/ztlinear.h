@@ -3,6 +3,7 @@
 
 // Every public header of the ztlinear library.
 #include <ztlinear/ZtLAffine2f.h>
+#include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBaseVec4f.h>
 #include <ztlinear/ZtLBoEventPoint.h>
 #include <ztlinear/ZtLBoPointList.h>
@@ -17,6 +18,7 @@
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix2f.h>
 #include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
@@ -25,6 +27,7 @@
 #include <ztlinear/ZtLPos3fList.h>
 #include <ztlinear/ZtLRotation2f.h>
 #include <ztlinear/ZtLRotation3f.h>
+#include <ztlinear/ZtLTransform3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
 #include <ztlinear/ZtLVec2f.h>
