@@ -13,6 +13,7 @@
 #include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLHVec2f.h>
 #include <ztlinear/ZtLHVec3f.h>
+#include <ztlinear/ZtLInterval.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix3f.h>
