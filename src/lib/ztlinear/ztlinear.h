@@ -2,6 +2,7 @@
 #define ZTLINEAR_ZTLINEAR_H
 
 // Every public header of the ztlinear library.
+#include <ztlinear/ZtLAffine2f.h>
 #include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBaseVec4f.h>
 #include <ztlinear/ZtLBoEventPoint.h>
@@ -18,6 +19,7 @@
 #include <ztlinear/ZtLInterval.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
+#include <ztlinear/ZtLMatrix2f.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLNewellMethod2f.h>
@@ -26,6 +28,7 @@
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLPos2fList.h>
 #include <ztlinear/ZtLPos3fList.h>
+#include <ztlinear/ZtLRotation2f.h>
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLTransform3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
