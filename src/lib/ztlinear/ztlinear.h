@@ -9,6 +9,7 @@
 #include <ztlinear/ZtLBoPointList.h>
 #include <ztlinear/ZtLBoSegment2f.h>
 #include <ztlinear/ZtLColor3f.h>
+#include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLFunction.h>
 #include <ztlinear/ZtLFunction2d.h>
@@ -34,5 +35,6 @@
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
+#include <ztlinear/ZtLViewCriteria.h>
 
 #endif
