@@ -8,6 +8,8 @@
 #include <ztlinear/ZtLBoEventPoint.h>
 #include <ztlinear/ZtLBoPointList.h>
 #include <ztlinear/ZtLBoSegment2f.h>
+#include <ztlinear/ZtLBox2f.h>
+#include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLColor3f.h>
 #include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLExport.h>
