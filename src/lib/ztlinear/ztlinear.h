@@ -17,7 +17,9 @@
 #include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLHVec2f.h>
 #include <ztlinear/ZtLHVec3f.h>
+#include <ztlinear/ZtLIntersect.h>
 #include <ztlinear/ZtLInterval.h>
+#include <ztlinear/ZtLLine3f.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix2f.h>
@@ -27,6 +29,8 @@
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
 #include <ztlinear/ZtLPickSweep.h>
+#include <ztlinear/ZtLPlane2f.h>
+#include <ztlinear/ZtLPlane3f.h>
 #include <ztlinear/ZtLPos2fList.h>
 #include <ztlinear/ZtLPos3fList.h>
 #include <ztlinear/ZtLRotation2f.h>
