@@ -3,6 +3,7 @@
 #include "BenchData.h"
 
 #include <ztlinear/ZtLAffine3f.h>
+#include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLRotation3f.h>
@@ -159,6 +160,30 @@ void Slerp(benchmark::State& state) {
     RunArray(state, out, [&](std::size_t i) { return a[i].Slerp(b[i], t[i]); });
 }
 ZT_BENCH(Slerp, "Slerp/ztlinear-Rotation3f");
+
+const std::vector<ZtLBox3f>& BoxArray() {
+    static const auto v = Convert<ZtLBox3f>(Boxes(SeedBoxes), [](const Box& b) {
+        return ZtLBox3f(ZtLPos3f(b.min.x, b.min.y, b.min.z), ZtLPos3f(b.max.x, b.max.y, b.max.z));
+    });
+    return v;
+}
+
+void BoxTransformAffine(benchmark::State& state) {
+    const auto& a = Affines();
+    const auto& boxes = BoxArray();
+    std::vector<ZtLBox3f> out(boxes.size());
+    RunArray(state, out, [&](std::size_t i) { return boxes[i].TransformedBy(a[i]); });
+}
+ZT_BENCH(BoxTransformAffine, "BoxTransform/ztlinear-Affine3f");
+
+void BoxTransformTransform(benchmark::State& state) {
+    static const auto x =
+        Convert<ZtLTransform3f>(Affines(), [](const ZtLAffine3f& a) { return ZtLTransform3f(a); });
+    const auto& boxes = BoxArray();
+    std::vector<ZtLBox3f> out(boxes.size());
+    RunArray(state, out, [&](std::size_t i) { return boxes[i].TransformedBy(x[i]); });
+}
+ZT_BENCH(BoxTransformTransform, "BoxTransform/ztlinear-Transform3f");
 
 ZtLTransform3f LocalTransform(const SceneNode& n) {
     ZtLTransform3f x;
