@@ -1,6 +1,8 @@
+#include <ztlinear/ZtLAffine2f.h>
 #include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBox2f.h>
 #include <ztlinear/ZtLBox3f.h>
+#include <ztlinear/ZtLMatrix2f.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLRotation3f.h>
@@ -322,4 +324,32 @@ TEST(ZtLBox2f, PlanarBoxKeepsTheRulesAndAddsSizeEdits) {
     EXPECT_EQ(n.GetMax()[1], 1.0);
     EXPECT_EQ(unit.TranslatedBy(ZtLVec2f(1, -1)), ZtLBox2f(ZtLPos2f(1, -1), ZtLPos2f(2, 0)));
     EXPECT_TRUE(ZtLBox2f::IsInvalidConstructorArgs(ZtLPos2f(0, 1), ZtLPos2f(1, 0)));
+}
+
+TEST(ZtLBox2f, PlanarImagesAreTheBoxOfTheMappedCorners) {
+    std::mt19937 gen(21);
+    std::uniform_real_distribution<double> u(-2.0, 2.0);
+    for (int k = 0; k < 100; ++k) {
+        ZtLBox2f b;
+        b.ExtendBy(ZtLPos2f(u(gen), u(gen)));
+        b.ExtendBy(ZtLPos2f(u(gen), u(gen)));
+        const ZtLMatrix2f m(u(gen), u(gen), u(gen), u(gen));
+        const ZtLAffine2f a(m, ZtLVec2f(u(gen), u(gen)));
+        const ZtLPos2f lo = b.GetMin(), hi = b.GetMax();
+        const ZtLPos2f corners[4] = {lo, ZtLPos2f(lo[0], hi[1]), hi, ZtLPos2f(hi[0], lo[1])};
+        ZtLBox2f bm, ba;
+        for (const ZtLPos2f& c : corners) {
+            bm.ExtendBy(c * m);
+            ba.ExtendBy(c * a);
+        }
+        EXPECT_TRUE(b.TransformedBy(m).Equals(bm, 1e-13));
+        EXPECT_TRUE(b.TransformedBy(a).Equals(ba, 1e-13));
+        ZtLBox2f inPlace = b;
+        inPlace.Transform(a);
+        EXPECT_EQ(inPlace, b.TransformedBy(a));
+        inPlace = b;
+        inPlace.Rotate(m);
+        EXPECT_EQ(inPlace, b.RotatedBy(m));
+    }
+    EXPECT_EQ(ZtLBox2f().TransformedBy(ZtLAffine2f(ZtLMatrix2f(), ZtLVec2f(3, 3))), ZtLBox2f());
 }
