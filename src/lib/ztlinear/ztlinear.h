@@ -11,7 +11,9 @@
 #include <ztlinear/ZtLBox2f.h>
 #include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLColor3f.h>
+#include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLFrustum3f.h>
 #include <ztlinear/ZtLFunction.h>
 #include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLHVec2f.h>
@@ -27,6 +29,7 @@
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
+#include <ztlinear/ZtLPickFrustum3f.h>
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLPlane2f.h>
 #include <ztlinear/ZtLPlane3f.h>
@@ -40,5 +43,6 @@
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
+#include <ztlinear/ZtLViewCriteria.h>
 
 #endif
