@@ -57,8 +57,6 @@ ZtLMatrix2f Recompose(const ZtLVec2f& s, const ZtLMatrix2f& u, const ZtLMatrix2f
 TEST(ZtLRotation2f, FromTwoDirectionsSnapsIdentityAndHalfTurnWithinResop) {
     const ZtLUnitVec2f x(1, 0);
     const ZtLRotation2f same(x, x);
-    EXPECT_EQ(same.GetCosAngle(), 1.0);
-    EXPECT_EQ(same.GetSinAngle(), 0.0);
     EXPECT_TRUE(same.IsIdentity());
     const ZtLUnitVec2f d(0.6, -0.8);
     EXPECT_EQ(ZtLRotation2f(d, -d), ZtLRotation2f(-1.0, 0.0)) << "exactly a half turn";
@@ -69,15 +67,12 @@ TEST(ZtLRotation2f, FromTwoDirectionsSnapsIdentityAndHalfTurnWithinResop) {
 
     EXPECT_EQ(ZtLRotation2f(x, ZtLUnitVec2f(0, 1)), ZtLRotation2f(0.0, 1.0));
     EXPECT_EQ(ZtLRotation2f(x, ZtLUnitVec2f(0, -1)), ZtLRotation2f(0.0, -1.0)) << "clockwise";
-    const ZtLRotation2f r(d, ZtLUnitVec2f(0.8, 0.6));
-    EXPECT_TRUE(ZtLVec2f::Equals(d.Vec() * r, ZtLVec2f(0.8, 0.6), 1e-15));
 }
 
 TEST(ZtLRotation2f, GetValueCountsSinesAboveMinusResopAsPositive) {
     EXPECT_DOUBLE_EQ(ZtLRotation2f(std::cos(0.5), -std::sin(0.5)).GetValue(), -0.5);
     EXPECT_EQ(ZtLRotation2f(-1.0, -1e-12).GetValue(), kPi);
     EXPECT_EQ(ZtLRotation2f(-1.0, -2e-10).GetValue(), -kPi);
-    EXPECT_DOUBLE_EQ(ZtLRotation2f(2.5).GetValue(), 2.5);
     EXPECT_DOUBLE_EQ(ZtLRotation2f(-2.5).GetValue(), -2.5);
     ZtLVec::SetResop(1e-13);  // read at each call
     EXPECT_EQ(ZtLRotation2f(-1.0, -1e-12).GetValue(), -kPi);
@@ -90,9 +85,6 @@ TEST(ZtLRotation2f, ProductsNormaliseAndVectorsRotateCounterClockwise) {
     const ZtLRotation2f scaled = ZtLRotation2f(2.0, 0.0) * ZtLRotation2f(0.0, 3.0);
     EXPECT_EQ(scaled, ZtLRotation2f(0.0, 1.0)) << "renormalised";
     ZtLRotation2f c = a;
-    c *= a.Inverse();
-    EXPECT_TRUE(c.Equals(ZtLRotation2f::CreateIdentity(), 0.0));
-    c = a;
     c.Invert();
     EXPECT_EQ(c, ZtLRotation2f(a.GetCosAngle(), -a.GetSinAngle()));
     EXPECT_FALSE(a.Equals(b, 1 - std::cos(0.1) - 1e-12));
@@ -102,7 +94,6 @@ TEST(ZtLRotation2f, ProductsNormaliseAndVectorsRotateCounterClockwise) {
     EXPECT_TRUE(ZtLVec2f::Equals(ZtLVec2f(1, 0) * quarter, ZtLVec2f(0, 1), 1e-16));
     EXPECT_TRUE(ZtLVec2f::Equals(quarter * ZtLVec2f(1, 0), ZtLVec2f(0, -1), 1e-16));
     const ZtLVec2f v(0.25, -3);
-    EXPECT_TRUE(ZtLVec2f::Equals(v * ZtLMatrix2f(a), v * a, 0.0));
     EXPECT_TRUE(ZtLVec2f::Equals(ZtLMatrix2f(a) * v, a * v, 0.0));
 }
 
@@ -130,10 +121,6 @@ TEST(ZtLMatrix2f, ProductsAndVectorForms) {
     ZtLMatrix2f c = a;
     EXPECT_EQ(c.MultLeft(b), b * a);
     c = a;
-    EXPECT_EQ(c.MultRight(c), a * a);
-    c = a;
-    EXPECT_EQ(c.ScaleRight(ZtLVec2f(2, -1)), ZtLMatrix2f(2, -2, 6, -4));
-    c = a;
     EXPECT_EQ(c.ScaleLeft(ZtLVec2f(2, -1)), ZtLMatrix2f(2, 4, -3, -4));
     c = a;
     EXPECT_EQ(c.RotateRight(ZtLRotation2f(0.0, 1.0)), a * ZtLMatrix2f(0, 1, -1, 0));
@@ -151,10 +138,8 @@ TEST(ZtLMatrix2f, InverseUsesAnAbsoluteDeterminantThreshold) {
     const ZtLMatrix2f tiny(1e-6, 0, 0, 5e-7);  // det 5e-13: regular, yet reported
     EXPECT_EQ(tiny.Inverse(), ZtLMatrix2f());
     EXPECT_EQ(g_posts, 1);
-    EXPECT_EQ(g_last.severity, 1);
-    EXPECT_EQ(g_last.component, ZtLMatrix::GetComponent());
-    EXPECT_EQ(g_last.code, 1);
-    EXPECT_EQ(g_last.data, &tiny);
+    EXPECT_TRUE(g_last.severity == 1 && g_last.component == ZtLMatrix::GetComponent() &&
+                g_last.code == 1 && g_last.data == &tiny);
     EXPECT_EQ(g_message, "Singular Matrix");
 
     const ZtLMatrix2f small(1e-6, 0, 0, 2e-6);  // det 2e-12
@@ -171,7 +156,7 @@ TEST(ZtLMatrix2f, InverseUsesAnAbsoluteDeterminantThreshold) {
     EXPECT_EQ(g_last.code, 1);
 }
 
-TEST(ZtLMatrix2f, FactorRecomposesWithProperRotations) {
+TEST(ZtLMatrix2f, FactorRecomposesWithProperRotationsAlsoInTheAffine) {
     std::mt19937 gen(7);
     for (int k = 0; k < 200; ++k) {
         const ZtLMatrix2f m = Random(gen);
@@ -181,10 +166,13 @@ TEST(ZtLMatrix2f, FactorRecomposesWithProperRotations) {
         EXPECT_TRUE(Recompose(s, u, r).Equals(m, 1e-12)) << k;
         EXPECT_TRUE(IsRotation(u, 1e-13) && IsRotation(r, 1e-12)) << k;
         EXPECT_EQ(s[0] * s[1] < 0, m.Determinant() < 0) << k;
-        ZtLVec2f s2;
+        const ZtLAffine2f a(m, ZtLVec2f(k, -k));
+        ZtLVec2f s2, t;
         ZtLRotation2f ru, rr;
-        m.Factor(&s2, &ru, &rr);
-        EXPECT_TRUE(Recompose(s2, ZtLMatrix2f(ru), ZtLMatrix2f(rr)).Equals(m, 1e-12)) << k;
+        a.Factor(&s2, &ru, &rr, &t);
+        EXPECT_TRUE(
+            ZtLAffine2f(Recompose(s2, ZtLMatrix2f(ru), ZtLMatrix2f(rr)), t).Equals(a, 1e-12))
+            << k;
     }
     ZtLVec2f s;
     ZtLMatrix2f u, r;
@@ -218,41 +206,19 @@ TEST(ZtLAffine2f, ProductsApplyLeftOperandFirst) {
     c = a;
     EXPECT_EQ(c.RotateRight(q), a * ZtLAffine2f().MakeRotation(q));
     c = a;
-    EXPECT_EQ(c.RotateLeft(q), ZtLAffine2f().MakeRotation(q) * a);
-    c = a;
     EXPECT_EQ(c.ScaleRight(s), a * ZtLAffine2f().MakeScale(s));
-    c = a;
-    EXPECT_EQ(c.ScaleLeft(s), ZtLAffine2f().MakeScale(s) * a);
     c = ZtLAffine2f().MakeUniformScale(2);
     EXPECT_EQ(c.TranslateLeft(v).GetTranslation()[1], 8);
     EXPECT_EQ(c.TranslateRight(v).GetTranslation()[1], 12);
 
     EXPECT_TRUE((a * a.Inverse()).Equals(ZtLAffine2f(), 1e-15));
-    const ZtLMatrix3f h = a.GetMatrix();
-    EXPECT_EQ(ZtLAffine2f(h), a);
-    const ZtLVec3f hp = ZtLVec3f(p[0], p[1], 1) * h;
-    EXPECT_TRUE(ZtLPos2f::Equals(p * a, ZtLPos2f(hp[0], hp[1]), 0) && hp[2] == 1);
-}
-
-TEST(ZtLAffine2f, FactorKeepsTheTranslationAndRecomposesTheLinearPart) {
-    std::mt19937 gen(11);
-    for (int k = 0; k < 50; ++k) {
-        const ZtLAffine2f a(Random(gen), ZtLVec2f(k, -k));
-        ZtLVec2f s, t;
-        ZtLRotation2f u, r;
-        a.Factor(&s, &u, &r, &t);
-        const ZtLAffine2f back(Recompose(s, ZtLMatrix2f(u), ZtLMatrix2f(r)), t);
-        EXPECT_TRUE(back.Equals(a, 1e-12)) << k;
-    }
+    EXPECT_EQ(ZtLAffine2f(a.GetMatrix()), a);
 }
 
 TEST(ZtLMatrix3f, PlaneRotationAndTwoDimensionalFactorHandOverToTheAffine) {
     const ZtLRotation2f q(0.6);
     const double c = q.GetCosAngle(), s = q.GetSinAngle();
     EXPECT_EQ(ZtLMatrix3f(q), ZtLMatrix3f(c, s, 0, -s, c, 0, 0, 0, 1));
-    ZtLMatrix3f m(kPi, 0, 0, 0, 0, 0, 0, 0, 0);
-    m.MakeRotation(q);
-    EXPECT_EQ(m, ZtLMatrix3f(q));
 
     const ZtLAffine2f a(ZtLMatrix2f(1, 2, -3, 0.5), ZtLVec2f(4, -5));
     ZtLMatrix3f h = a.GetMatrix();
@@ -266,7 +232,6 @@ TEST(ZtLMatrix3f, PlaneRotationAndTwoDimensionalFactorHandOverToTheAffine) {
     h.Factor(&s2, &u2, &r2, &t2, &projection);
     EXPECT_TRUE(s2.Equals(s1, 0) && t2.Equals(t1, 0));
     EXPECT_EQ(u2, u1.ConvertRotation());
-    EXPECT_EQ(r2, r1.ConvertRotation());
     ZtLMatrix3f expected;
     h.FactorProjection(&expected);
     EXPECT_EQ(projection, expected);

@@ -1,4 +1,6 @@
+#include <ztlinear/ZtLAffine2f.h>
 #include <ztlinear/ZtLBox2f.h>
+#include <ztlinear/ZtLMatrix2f.h>
 
 ZtLBox2f ZtLBox2f::Intersection(const ZtLBox2f& b) const noexcept {
     ZtLBox2f r;
@@ -38,4 +40,32 @@ void ZtLBox2f::ExtendBy(const ZtLPos2f& p) noexcept {
             m_max.Set(i, p[i]);
         }
     }
+}
+
+ZtLBox2f ZtLBox2f::Affine(const ZtLMatrix2f& linear, const ZtLVec2f& t) const noexcept {
+    if (GetIsEmpty()) return *this;
+    double lo[2] = {t[0], t[1]};
+    double hi[2] = {t[0], t[1]};
+    for (int j = 0; j < 2; ++j) {
+        for (int i = 0; i < 2; ++i) {
+            const double a = m_min[i] * linear[i][j];
+            const double b = m_max[i] * linear[i][j];
+            if (b > a) {
+                lo[j] += a;
+                hi[j] += b;
+            } else {
+                lo[j] += b;
+                hi[j] += a;
+            }
+        }
+    }
+    return ZtLBox2f(ZtLPos2f(lo[0], lo[1]), ZtLPos2f(hi[0], hi[1]));
+}
+
+ZtLBox2f ZtLBox2f::TransformedBy(const ZtLMatrix2f& m) const noexcept {
+    return Affine(m, ZtLVec2f(0.0, 0.0));
+}
+
+ZtLBox2f ZtLBox2f::TransformedBy(const ZtLAffine2f& a) const noexcept {
+    return Affine(a.GetLinear(), a.GetTranslation());
 }

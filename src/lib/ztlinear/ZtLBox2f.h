@@ -6,10 +6,17 @@
 
 #include <type_traits>
 
+class ZtLAffine2f;
+class ZtLMatrix2f;
+
 // ZtLBox2f: an axis-aligned box in the plane, stored as its min and max corners; the planar
 // counterpart of ZtLBox3f with the same rules. Both corners belong to the box. A box is empty
 // when min.x > max.x (y is not looked at); the canonical empty box is (1, 1)-(0, 0), made by the
 // default constructor, MakeEmpty and CreateEmpty.
+//
+// Points are row vectors on the left (p' = p * M + t); a transformed box is the tight
+// axis-aligned box of the transformed box, and an empty box stays as it is. The in-place members
+// equal their copying partners assigned back.
 //
 // A plain value of four doubles, trivially copyable.
 class ZTL_EXPORT ZtLBox2f {
@@ -116,6 +123,12 @@ public:
     constexpr ZtLBox2f TranslatedBy(const ZtLVec2f& v) const noexcept {
         return ZtLBox2f(m_min + v, m_max + v);
     }
+    void Rotate(const ZtLMatrix2f& m) noexcept { *this = RotatedBy(m); }
+    ZtLBox2f RotatedBy(const ZtLMatrix2f& m) const noexcept { return TransformedBy(m); }
+    void Transform(const ZtLMatrix2f& m) noexcept { *this = TransformedBy(m); }
+    ZtLBox2f TransformedBy(const ZtLMatrix2f& m) const noexcept;
+    void Transform(const ZtLAffine2f& a) noexcept { *this = TransformedBy(a); }
+    ZtLBox2f TransformedBy(const ZtLAffine2f& a) const noexcept;
 
     // Exact comparison of the four doubles.
     constexpr bool operator==(const ZtLBox2f& b) const noexcept {
@@ -141,6 +154,9 @@ public:
     }
 
 private:
+    // The tight box of this box under p -> p * linear + t.
+    ZtLBox2f Affine(const ZtLMatrix2f& linear, const ZtLVec2f& t) const noexcept;
+
     ZtLPos2f m_min;
     ZtLPos2f m_max;
 };

@@ -11,12 +11,16 @@
 #include <ztlinear/ZtLBox2f.h>
 #include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLColor3f.h>
+#include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLFrustum3f.h>
 #include <ztlinear/ZtLFunction.h>
 #include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLHVec2f.h>
 #include <ztlinear/ZtLHVec3f.h>
+#include <ztlinear/ZtLIntersect.h>
 #include <ztlinear/ZtLInterval.h>
+#include <ztlinear/ZtLLine3f.h>
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix2f.h>
@@ -25,7 +29,10 @@
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
+#include <ztlinear/ZtLPickFrustum3f.h>
 #include <ztlinear/ZtLPickSweep.h>
+#include <ztlinear/ZtLPlane2f.h>
+#include <ztlinear/ZtLPlane3f.h>
 #include <ztlinear/ZtLPos2fList.h>
 #include <ztlinear/ZtLPos3fList.h>
 #include <ztlinear/ZtLRotation2f.h>
@@ -36,5 +43,6 @@
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztlinear/ZtLVersion.h>
+#include <ztlinear/ZtLViewCriteria.h>
 
 #endif
