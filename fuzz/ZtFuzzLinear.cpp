@@ -9,6 +9,7 @@
 // untouched (the roots not found, the eigen-decomposition that did not converge).
 
 #include "ZtFuzzInput.h"
+#include "ZtFuzzValues.h"
 
 #include <ztlinear/ZtLAffine2f.h>
 #include <ztlinear/ZtLAffine3f.h>
@@ -26,24 +27,6 @@
 #include <cstring>
 
 namespace {
-
-ZtLVec3f Vec3(ZtFuzzInput& in) {
-    double v[3];
-    in.Doubles(v, 3);
-    return ZtLVec3f(v[0], v[1], v[2]);
-}
-
-ZtLMatrix3f Mat3(ZtFuzzInput& in) {
-    double v[9];
-    in.Doubles(v, 9);
-    return ZtLMatrix3f(v);
-}
-
-ZtLMatrix4f Mat4(ZtFuzzInput& in) {
-    double v[16];
-    in.Doubles(v, 16);
-    return ZtLMatrix4f(v);
-}
 
 void Maths(ZtFuzzInput& in) {
     const double a = in.Double(), b = in.Double(), c = in.Double();
@@ -94,7 +77,7 @@ void Matrix2(ZtFuzzInput& in) {
 }
 
 void Matrix3(ZtFuzzInput& in) {
-    const ZtLMatrix3f m = Mat3(in);
+    const ZtLMatrix3f m = ZtFuzzMat3(in);
     (void)m.Inverse();
     (void)m.Determinant();
     (void)m.ConvertRotation();
@@ -118,7 +101,7 @@ void Matrix3(ZtFuzzInput& in) {
     m.FactorProjection(&projection);
     m.Factor(&scale2, &u2, &r2, &t2);
     m.Factor(&scale2, &qu2, &qr2, &t2, &projection);
-    const ZtLAffine3f a(m, Vec3(in));
+    const ZtLAffine3f a(m, ZtFuzzVec3(in));
     (void)a.Inverse();
     ZtLVec3f t;
     a.Factor(&scale, &u, &r, &t);
@@ -126,7 +109,7 @@ void Matrix3(ZtFuzzInput& in) {
 }
 
 void Matrix4(ZtFuzzInput& in) {
-    const ZtLMatrix4f m = Mat4(in);
+    const ZtLMatrix4f m = ZtFuzzMat4(in);
     (void)m.Inverse();
     ZtLMatrix4f projection;
     m.FactorProjection(&projection);
@@ -165,49 +148,9 @@ void Rotations(ZtFuzzInput& in) {
     (void)(raw2 * r2);
 }
 
-// A transform of the kind the selector names, built from raw operands.
-ZtLTransform3f Transform(ZtFuzzInput& in) {
-    ZtLTransform3f x;
-    switch (in.Byte() % 8) {
-        case 0: {
-            double q[4];
-            in.Doubles(q, 4);
-            x.MakeRotation(ZtLRotation3f(q));
-            break;
-        }
-        case 1:
-            x.MakeUniformScale(in.Double());
-            break;
-        case 2:
-            x.MakeScale(Vec3(in));
-            break;
-        case 3:
-            x.MakeLinear(Mat3(in));
-            break;
-        case 4:
-            x.MakeTranslation(Vec3(in));
-            break;
-        case 5: {
-            const ZtLMatrix3f m = Mat3(in);
-            x.MakeAffine(m, Vec3(in));
-            break;
-        }
-        case 6:
-            x.SetValue(Mat4(in));
-            break;
-        default: {
-            double q[4];
-            in.Doubles(q, 4);
-            x.SetValue(ZtLRotation3f(q), Vec3(in));
-            break;
-        }
-    }
-    return x;
-}
-
 void Transforms(ZtFuzzInput& in) {
-    const ZtLTransform3f x = Transform(in);
-    const ZtLTransform3f y = Transform(in);
+    const ZtLTransform3f x = ZtFuzzTransform(in);
+    const ZtLTransform3f y = ZtFuzzTransform(in);
     const double tol = in.Double();
     ZtLTransform3f e(x);
     e.Evaluate(tol);

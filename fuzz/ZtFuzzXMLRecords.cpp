@@ -9,6 +9,7 @@
 
 #include <ztlinear/ZtLBox3f.h>
 #include <ztlinear/ZtLColor3f.h>
+#include <ztlinear/ZtLPlane3f.h>
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
@@ -52,7 +53,7 @@ using Reader = void (*)(const std::uint8_t*, std::size_t);
 const Reader kReaders[] = {
     &ReadRecord<ZtLVec3f>,      &ReadRecord<ZtLPos3f>, &ReadRecord<ZtLUnitVec3f>,
     &ReadRecord<ZtLVec2f>,      &ReadRecord<ZtLPos2f>, &ReadRecord<ZtLColor3f>,
-    &ReadRecord<ZtLRotation3f>, &ReadRecord<ZtLBox3f>,
+    &ReadRecord<ZtLRotation3f>, &ReadRecord<ZtLBox3f>, &ReadRecord<ZtLPlane3f>,
 };
 
 }  // namespace

@@ -56,6 +56,7 @@ def xml_seeds():
                        'd="0.7071067811865476"/></rotation>'),
         ("box3f", '<box3f><min><pos3f x="-1" y="-2" z="-3"/></min>'
                   '<max><pos3f x="1" y="2" z="3"/></max></box3f>'),
+        ("plane3f", '<plane distance="2"><vec3f x="0" y="0" z="1"/></plane>'),
     ]
     for index, (name, text) in enumerate(records):
         write("xml", name, bytes([index]) + (decl + text + "\n").encode())
@@ -80,6 +81,42 @@ def linear_seeds():
     write("linear", "functions", b"\x06" + doubles(1, -2, 0.5, 3, 0.25, -1, 1))
 
 
+def geometry_seeds():
+    ident3 = (1, 0, 0, 0, 1, 0, 0, 0, 1)
+    ident4 = (1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1)
+    # A transform operand: kind 5 (affine), then its twelve doubles.
+    affine = bytes([5]) + doubles(0, 1, 0, -1, 0, 0, 0, 0, 1, 1, 2, 3)
+    box = doubles(-1, -2, -3, 1, 2, 3)
+    write("geometry", "boxes", b"\x00" + box + doubles(*ident3) + doubles(*ident3, 1, 1, 1) +
+          doubles(*ident4) + affine + box + doubles(4, 5, 6) + doubles(0, 0, 1, 1) +
+          doubles(2, 0, 0, 2, 1, 1))
+    plane = doubles(0, 0, 1, 2)
+    write("geometry", "planes", b"\x01" + plane + doubles(*ident3) + doubles(*ident3) +
+          doubles(*ident3, 1, 1, 1) + doubles(*ident4) + affine + doubles(1, 0, 0, 1) +
+          doubles(0, 0, 0, 1, 0, 0, 0, 1, 0, 0.2, 0.2, 0, 0.3, 0.3, 5) + box +
+          doubles(0, 1, 3, 1, 0, 0, 1, 0, 0))
+    write("geometry", "lines", b"\x02" + doubles(0, 0, -1, 0, 0, 1, 0, 0, 1) +
+          doubles(*ident3) + doubles(*ident3, 0, 0, 0) + doubles(*ident4) + affine + plane +
+          doubles(1, 0, 0, 0, 1, 0, 3, 3, 3))
+    frustum = b"\x00" + doubles(-1, 1, -1, 1, 1, 100)
+    write("geometry", "frustum", b"\x03" + frustum + doubles(1, 1, 1, 0.5, 0.5, 10) +
+          doubles(*ident3) + doubles(*ident3) + doubles(*ident3, 1, 1, 1) + affine)
+    write("geometry", "frustum-ortho", b"\x03\x05" + doubles(-1, 1, -1, 1, 1, 100) +
+          doubles(0.25, 0.75, 0.25, 0.75))
+    # Pick from the frustum, no transform; context: no back-face culling, all planes, options
+    # position, distance, snap to vertices and edges; a triangle straddling the volume.
+    context = struct.pack("<iii", 0, 0x3F, 0x377) + doubles(0)
+    triangle = doubles(0, 0, -5, 0.5, 0.5, -5, 3, 0, -5)
+    write("geometry", "pick-frustum", b"\x04\x31" + frustum + context + triangle + box)
+    write("geometry", "pick-centre-line", b"\x04\x33" + frustum + affine +
+          struct.pack("<iii", 1, 0x3F, 0x6300) + doubles(0) + triangle + box)
+    planes = bytes([6]) + b"".join(doubles(*n, -1) for n in
+                                   ((1, 0, 0), (-1, 0, 0), (0, 1, 0), (0, -1, 0), (0, 0, -1),
+                                    (0, 0, 1)))
+    write("geometry", "pick-planes", b"\x04\x30" + planes + context + triangle + box)
+    write("geometry", "newell", b"\x05\x04" + doubles(0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0))
+
+
 def sweep_seeds():
     write("sweep", "crossing", b"\x00" + doubles(0, 0, 2, 2, 0, 2, 2, 0))
     write("sweep", "shared-end", b"\x00" + doubles(0, 0, 1, 1, 1, 1, 2, 0, 1, 1, 1, 3))
@@ -93,3 +130,4 @@ if __name__ == "__main__":
     xml_seeds()
     linear_seeds()
     sweep_seeds()
+    geometry_seeds()
