@@ -209,7 +209,7 @@ ZtLTransform3f LocalTransform(const SceneNode& n) {
 }
 
 // World transforms of every node, root to leaves: a node's local transform, then its parent's
-// world transform.
+// world transform. Computed as the product local * parent ...
 void SceneChains(benchmark::State& state) {
     static const std::vector<SceneNode> scene = Scene(SeedScene);
     static const auto local = Convert<ZtLTransform3f>(scene, LocalTransform);
@@ -220,5 +220,20 @@ void SceneChains(benchmark::State& state) {
     });
 }
 ZT_BENCH(SceneChains, "SceneChains/ztlinear-Transform3f");
+
+// ... or in place: the parent's world transform with the local one put before it.
+void SceneChainsLeft(benchmark::State& state) {
+    static const std::vector<SceneNode> scene = Scene(SeedScene);
+    static const auto local = Convert<ZtLTransform3f>(scene, LocalTransform);
+    std::vector<ZtLTransform3f> world(scene.size());
+    RunArray(state, world, [&](std::size_t i) {
+        const int p = scene[i].parent;
+        if (p < 0) return local[i];
+        ZtLTransform3f w(world[p]);
+        w.MultLeft(local[i]);
+        return w;
+    });
+}
+ZT_BENCH(SceneChainsLeft, "SceneChains/ztlinear-Transform3f-MultLeft");
 
 }  // namespace
