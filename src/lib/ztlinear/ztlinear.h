@@ -13,6 +13,7 @@
 #include <ztlinear/ZtLColor3f.h>
 #include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLFrustum3f.h>
 #include <ztlinear/ZtLFunction.h>
 #include <ztlinear/ZtLFunction2d.h>
 #include <ztlinear/ZtLHVec2f.h>
@@ -28,6 +29,7 @@
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
+#include <ztlinear/ZtLPickFrustum3f.h>
 #include <ztlinear/ZtLPickSweep.h>
 #include <ztlinear/ZtLPlane2f.h>
 #include <ztlinear/ZtLPlane3f.h>
