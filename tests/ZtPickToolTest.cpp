@@ -151,6 +151,89 @@ TEST(ZtPickBuiltin, CullingNeverChangesTheAnswer) {
     EXPECT_GT(hits, 30);
 }
 
+// Every item sits in exactly one leaf, and every box holds its children's boxes or items: what
+// CanCull relies on to skip a subtree.
+TEST(ZtPickBuiltin, BoxTreesHoldWhatTheyCull) {
+    const ZtPickScene& scene = BuiltinScene();
+    const auto check = [](const ZtPickBoxTree& tree, const std::vector<ZtLBox3f>& items) {
+        std::vector<int> seen(items.size(), 0);
+        std::vector<std::uint32_t> stack = {0};
+        while (!stack.empty()) {
+            const ZtPickBoxNode& node = tree.GetNode(stack.back());
+            stack.pop_back();
+            if (node.count == 0) {
+                for (std::uint32_t c = node.first; c < node.first + 2; ++c) {
+                    ASSERT_TRUE(node.box.Contains(tree.GetNode(c).box));
+                    stack.push_back(c);
+                }
+                continue;
+            }
+            for (std::uint32_t i = node.first; i < node.first + node.count; ++i) {
+                ++seen[tree.GetItem(i)];
+                ASSERT_TRUE(node.box.Contains(items[tree.GetItem(i)]));
+            }
+        }
+        for (const int n : seen) ASSERT_EQ(n, 1);
+    };
+    std::vector<ZtLBox3f> boxes;
+    for (const ZtPickModel& m : scene.models) {
+        boxes.push_back(m.bounds);
+        // The world box holds every transformed vertex.
+        const ZtPickMesh& mesh = scene.meshes[m.mesh];
+        for (std::size_t v = 0; v < mesh.positions.size(); v += 7) {
+            ASSERT_TRUE(m.bounds.Contains(mesh.positions[v] * m.transform)) << m.name;
+        }
+    }
+    check(scene.tree, boxes);
+    for (const ZtPickMesh& mesh : scene.meshes) {
+        boxes.clear();
+        for (std::size_t t = 0; t < mesh.GetTriangleCount(); ++t) {
+            ZtLBox3f b;
+            for (int k = 0; k < 3; ++k) b.ExtendBy(mesh.positions[mesh.indices[3 * t + k]]);
+            boxes.push_back(b);
+        }
+        check(mesh.tree, boxes);
+    }
+}
+
+// The pick window is the view volume narrowed round the pixel a point projects to: it holds the
+// point, and a window a few pixels aside does not. Perspective and orthographic, on a viewport
+// that is not square.
+TEST(ZtPickCamera, ThePickWindowHoldsWhatProjectsIntoIt) {
+    ZtPickScene scene;
+    ZtPickMesh mesh;
+    mesh.positions = {ZtLPos3f(-10, -10, -10), ZtLPos3f(10, -10, -10), ZtLPos3f(0, 10, 10)};
+    mesh.indices = {0, 1, 2};
+    mesh.Finish();
+    scene.meshes.push_back(mesh);
+    scene.AddModel("triangle", 0, ZtLTransform3f());
+    scene.Finish();
+    for (const bool ortho : {false, true}) {
+        ZtPickCamera camera;
+        camera.eye = ZtLPos3f(3.0, 25.0, 30.0);
+        camera.target = ZtLPos3f(1.0, -2.0, 0.5);
+        camera.up = ZtLVec3f(0.2, 1.0, 0.0);
+        camera.width = 640;
+        camera.height = 360;
+        camera.fovy = 50.0;
+        camera.ortho = ortho;
+        std::string error;
+        ASSERT_TRUE(camera.Setup(scene.bounds, &error)) << error;
+        for (int i = 0; i < 27; ++i) {
+            const ZtLPos3f p(-8.0 + 8.0 * (i % 3), -8.0 + 8.0 * (i / 3 % 3), -8.0 + 8.0 * (i / 9));
+            ZtPickSettings settings;
+            ASSERT_TRUE(camera.Project(p, &settings.x, &settings.y));
+            settings.aperture = 2.0;
+            EXPECT_TRUE(ZtPickRun(scene, camera, settings).window.ContainsPoint(p)) << i;
+            settings.x += 3.0;
+            EXPECT_FALSE(ZtPickRun(scene, camera, settings).window.ContainsPoint(p)) << i;
+            settings.x -= 3.0;
+            settings.y -= 3.0;
+            EXPECT_FALSE(ZtPickRun(scene, camera, settings).window.ContainsPoint(p)) << i;
+        }
+    }
+}
+
 // A unit square at z = 0 seen from (0, 0, 5): the quad is split into (1, 2, 3) and (1, 3, 4).
 const char* const kQuad =
     "# a square\n"
@@ -238,6 +321,15 @@ TEST(ZtPickErrors, BadFilesAndOptionsExitWithStatusTwo) {
          {"ztpick_bad.obj:5: malformed face vertex 'x'"},
          false},
         {"v 0 0 0\nv 1 0 0\nv 0 1 0\n", {}, {"ztpick_bad.obj: no faces"}, false},
+        {"v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 99999999999\n",
+         {},
+         {"ztpick_bad.obj:4: malformed face vertex '99999999999'"},
+         false},
+        {"v 1e308 1e308 0\nv -1e308 -1e308 0\nv 0 1 0\nf 1 2 3\n",
+         {},
+         {"the scene is too large to view"},
+         false},
+        {"", {dir}, {": cannot read the file"}, false},  // a directory
         {"", {"--frob"}, {"ztpick: unknown option '--frob'"}, true},
         {"", {"-x"}, {"unknown option '-x'"}, true},
         {"", {"--at", "10"}, {"option --at: '10' is not a pixel position"}, true},

@@ -48,6 +48,10 @@ int ZtPickMain(const std::vector<std::string>& args, std::string* out, std::stri
         }
         scene.Finish();
     }
+    if (!scene.bounds.GetSize().IsFinite()) {
+        *err += "ztpick: the scene is too large to view (its extent is not a finite number)\n";
+        return 2;
+    }
     info.buildSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 

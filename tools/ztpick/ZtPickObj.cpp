@@ -11,9 +11,9 @@
 
 #include <cerrno>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <sstream>
 #include <streambuf>
 
@@ -113,8 +113,10 @@ void OnFace(void* user, tinyobj::index_t* corners, int count) {
         // The vertex part of v, v/t, v/t/n or v//n must be a whole number.
         const std::string v = w.substr(0, w.find('/'));
         char* end = nullptr;
-        std::strtol(v.c_str(), &end, 10);
-        if (v.empty() || *end != '\0') {
+        errno = 0;
+        const long value = std::strtol(v.c_str(), &end, 10);
+        if (v.empty() || *end != '\0' || errno != 0 || value > 2147483647L ||
+            value < -2147483647L) {
             r->Fail("malformed face vertex '" + w + "'");
             return;
         }
@@ -152,14 +154,21 @@ std::string BaseName(const std::string& path) {
 }  // namespace
 
 bool ZtPickLoadObj(const std::string& path, ZtPickScene* scene, std::string* error) {
-    std::ifstream file(path, std::ios::binary);
+    // Read whole with C streams: they report a directory or a read error as an error code.
+    std::FILE* file = std::fopen(path.c_str(), "rb");
     if (!file) {
         *error = path + ": cannot open the file (" + std::strerror(errno) + ")";
         return false;
     }
-    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    if (file.bad()) {
-        *error = path + ": cannot read the file";
+    std::string text;
+    char chunk[65536];
+    std::size_t n;
+    while ((n = std::fread(chunk, 1, sizeof chunk, file)) > 0) text.append(chunk, n);
+    const bool failed = std::ferror(file) != 0;
+    const int readError = errno;
+    std::fclose(file);
+    if (failed) {
+        *error = path + ": cannot read the file (" + std::strerror(readError) + ")";
         return false;
     }
     TextBuffer buffer(&text);
