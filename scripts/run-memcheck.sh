@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs both test programs of the default build under valgrind's memcheck: any invalid access,
+# Runs every test program of the default build under valgrind's memcheck: any invalid access,
 # use of an uninitialised value in a decision, or definite or indirect leak fails the run. (Memory
 # that the registries keep on purpose until the process ends is "still reachable", not a leak.)
 #
@@ -14,7 +14,8 @@ cmake --build --preset default -j"$(nproc)"
 
 passed=0
 failed=0
-for program in ztutil_tests ztlinear_tests; do
+for path in build/default/bin/*_tests; do
+    program=$(basename "$path")
     log=build/default/memcheck-$program.log
     echo "== valgrind $program"
     if valgrind --tool=memcheck --error-exitcode=99 --leak-check=full \
