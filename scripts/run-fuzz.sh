@@ -41,6 +41,7 @@ for target in "${targets[@]}"; do
     echo "== $target: ${seconds}s"
     extra=()
     [ "$jobs" -gt 1 ] && extra=(-jobs="$jobs" -workers="$jobs")
+    [ -f "fuzz/$name.dict" ] && extra+=(-dict="fuzz/$name.dict")
     if "$build/bin/$target" -max_total_time="$seconds" -timeout="$timeout" -rss_limit_mb=2048 \
         -max_len=4096 -print_final_stats=1 -artifact_prefix="$build/artifacts/$name-" \
         "${extra[@]}" "$work" "fuzz/corpus/$name" >"$build/$name.log" 2>&1; then

@@ -97,6 +97,10 @@ struct ThreadResult {
 void Worker(int thread, ThreadResult* result) {
     const std::string point = "ZtLConcurrencyTest_point" + std::to_string(thread);
     const std::string color = "ZtLConcurrencyTest_color" + std::to_string(thread);
+    // Each thread registers its own option sets while the others already use theirs.
+    const ZtUOptionSet::Profile profile = ZtUOptionSet::ProfileSession;
+    ZtLPos3f::DefinePoint3DOption(point.c_str(), ZtLPos3f(0, 0, 0), profile, 0, nullptr);
+    ZtLColor3f::DefineColorOption(color.c_str(), ZtLColor3f(0, 0, 0), profile, 0, nullptr);
     for (int round = 0; round < kRounds; ++round) {
         result->componentsUp = CycleComponents() && result->componentsUp;
         result->checksum ^= ValueWork(thread, round);
@@ -120,16 +124,8 @@ void Worker(int thread, ThreadResult* result) {
 }  // namespace
 
 TEST(ZtLConcurrencyTest, ThreadsShareComponentsErrorsAndOptionsWithoutInterference) {
-    const ZtUOptionSet::Profile profile = ZtUOptionSet::ProfileSession;
-    for (int t = 0; t < kThreads; ++t) {
-        const std::string n = std::to_string(t);
-        ZtLPos3f::DefinePoint3DOption(("ZtLConcurrencyTest_point" + n).c_str(), ZtLPos3f(0, 0, 0),
-                                      profile, 0, nullptr);
-        ZtLColor3f::DefineColorOption(("ZtLConcurrencyTest_color" + n).c_str(), ZtLColor3f(0, 0, 0),
-                                      profile, 0, nullptr);
-    }
-    ZtLPos3f::DefinePoint3DOption("ZtLConcurrencyTest_shared", ZtLPos3f(0, 0, 0), profile, 0,
-                                  nullptr);
+    ZtLPos3f::DefinePoint3DOption("ZtLConcurrencyTest_shared", ZtLPos3f(0, 0, 0),
+                                  ZtUOptionSet::ProfileSession, 0, nullptr);
     g_singularPosts = 0;
     g_otherPosts = 0;
     const int errorInits = ZtUError::GetInitCount();
