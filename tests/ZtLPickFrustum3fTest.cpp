@@ -130,6 +130,7 @@ TEST(ZtLPickFrustum3f, TrianglesByConfiguration) {
         int tri;
         Case k;
     } cases[] = {
+        // Nothing to clip: the ring is the triangle itself and the status Inside, hence 0x80.
         {1, {"inside, plane 4", kPos, 0, 1, 0x80, q, 1}},
         {1, {"inside, no output asked", 0, 0, 1, 0x80, q, 1}},
         {1, {"inside, vertex snap", kPos | kVtx, 0, 1, 0x80 | 0x20, q, 1}},
