@@ -1,189 +1,161 @@
 #include <ztlinear/ZtLFunction.h>
+#include <ztlinear/ZtLFunction2d.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
-#include <utility>
 #include <vector>
 
 namespace {
-// A host function that records every parameter it is asked for and fails where told to.
-class CountingFunction : public ZtLFunction {
-public:
-    explicit CountingFunction(std::function<double(double)> f) : m_f(std::move(f)) {}
-    int Value(double t, double* value) override {
+// Host functions that record every parameter they are asked for and fail where told to.
+struct Recorder {
+    bool Sample(double t) {
         samples.push_back(t);
-        if (failAt && failAt(t)) return 0;
-        *value = m_f(t);
-        return 1;
+        return !failAt(t);
     }
     std::vector<double> samples;
-    std::function<bool(double)> failAt;
-
-private:
-    std::function<double(double)> m_f;
+    std::function<bool(double)> failAt = [](double) { return false; };
+};
+struct Square : ZtLFunction, Recorder {
+    int Value(double t, double* v) override { return Sample(t) ? (*v = t * t, 1) : 0; }
+};
+struct Parabola : ZtLFunction2d, Recorder {  // (t^2, 3t)
+    int Value(double t, ZtLPos2f* p) override {
+        return Sample(t) ? (*p = ZtLPos2f(t * t, 3 * t), 1) : 0;
+    }
 };
 
 double Step(double t) { return (t + 1e-9) - t; }
-double Square(double t) { return t * t; }
 constexpr double kUnset = -12345.0;
+using Samples = std::vector<double>;
 }  // namespace
 
-TEST(ZtLFunctionDerivativeTest, CentralDifferenceSamplesBothSidesWithTheExactStep) {
-    for (double t : {3.0, 0.0, -2.5, 0.1, 1e6}) {
-        CountingFunction f(Square);
+TEST(ZtLFunctionDerivativeTest, CentralDifferenceWithTheExactStep) {
+    for (double t : {3.0, 0.0, -2.5, 0.1}) {
+        Square f;
         ZtLFunctionDerivative adapter(&f);
         double d = kUnset;
-        ASSERT_TRUE(adapter.Derivative(t, &d)) << t;
         const double h = Step(t);
-        EXPECT_EQ(f.samples, (std::vector<double>{t + h, t - h})) << t;
-        EXPECT_EQ(d, ((t + h) * (t + h) - (t - h) * (t - h)) / (h + h)) << t;
-        if (std::fabs(t) <= 3.0) {
-            EXPECT_NEAR(d, 2.0 * t, 1e-6) << t;
-        }
+        ASSERT_TRUE(adapter.Derivative(t, &d));
+        EXPECT_EQ(f.samples, (Samples{t + h, t - h}));
+        EXPECT_EQ(d, ((t + h) * (t + h) - (t - h) * (t - h)) / (h + h));
+        EXPECT_NEAR(d, 2.0 * t, 1e-6);
     }
-    // The step is the spacing of representable numbers near t, not the constant 1e-9.
-    EXPECT_NE(Step(1e6), 1e-9);
+    EXPECT_NE(Step(1e6), 1e-9);  // the spacing of the doubles near t, not the constant
 }
 
-TEST(ZtLFunctionDerivativeTest, FailingSampleLeavesTheDerivativeUnwritten) {
-    const double t = 2.0, h = Step(t);
-    for (double bad : {t + h, t - h}) {
-        CountingFunction f(Square);
-        f.failAt = [bad](double s) { return s == bad; };
-        ZtLFunctionDerivative adapter(&f);
-        double d = kUnset;
-        EXPECT_FALSE(adapter.Derivative(t, &d));
-        EXPECT_EQ(d, kUnset);
-    }
-}
-
-TEST(ZtLFunctionDerivativeTest, ValuesOrsTheResultsOfDerivativeAndValue) {
+TEST(ZtLFunctionDerivativeTest, FailuresAndTheOredResultOfValues) {
     const double t = 3.0, h = Step(t);
     struct Case {
         std::function<bool(double)> failAt;
-        int result;
-        bool valueWritten, derivativeWritten;
+        bool derivative, values, valueWritten, derivativeWritten;
+        Samples valuesSamples;  // the derivative is taken first, and stops at its first failure
     } cases[] = {
-        {[](double) { return false; }, 1, true, true},
-        {[=](double s) { return s == t + h; }, 1, true, false},
-        {[=](double s) { return s == t; }, 1, false, true},
-        {[](double) { return true; }, 0, false, false},
+        {[](double) { return false; }, true, true, true, true, {t + h, t - h, t}},
+        {[=](double s) { return s == t + h; }, false, true, true, false, {t + h, t}},
+        {[=](double s) { return s == t - h; }, false, true, true, false, {t + h, t - h, t}},
+        {[=](double s) { return s == t; }, true, true, false, true, {t + h, t - h, t}},
+        {[](double) { return true; }, false, false, false, false, {t + h, t}},
     };
     for (const Case& c : cases) {
-        CountingFunction f(Square);
+        Square f;
         f.failAt = c.failAt;
         ZtLFunctionDerivative adapter(&f);
         double v = kUnset, d = kUnset;
-        EXPECT_EQ(adapter.Values(t, &v, &d) != 0, c.result != 0);
+        EXPECT_EQ(adapter.Derivative(t, &d) != 0, c.derivative);
+        d = kUnset;
+        f.samples.clear();
+        EXPECT_EQ(adapter.Values(t, &v, &d) != 0, c.values);
         EXPECT_EQ(v != kUnset, c.valueWritten);
         EXPECT_EQ(d != kUnset, c.derivativeWritten);
-        // The derivative is taken first; a failure at t + h skips the second sample.
-        const std::vector<double> expected =
-            c.failAt(t + h) ? std::vector<double>{t + h, t} : std::vector<double>{t + h, t - h, t};
-        EXPECT_EQ(f.samples, expected);
+        EXPECT_EQ(f.samples, c.valuesSamples);
     }
 }
 
-TEST(ZtLBoundedFunctionDerivativeTest, StepsThatLeaveTheBoundsAreDropped) {
-    struct Case {
-        double t;
-        double plus, minus;  // expected forward and backward steps
-    };
-    const Case cases[] = {
-        {1.0, 0.0, Step(1.0)},  // at the upper bound: f(1) and f(1 - h), divided by h
-        {0.0, Step(0.0), 0.0},  // at the lower bound: f(h) and f(0)
-        {0.5, Step(0.5), Step(0.5)},
-        {1.0 - 0.5e-9, 0.0, Step(1.0 - 0.5e-9)},
-    };
-    for (const Case& c : cases) {
-        CountingFunction f(Square);
+TEST(ZtLBoundedFunctionDerivativeTest, OneSidedAtTheBoundsAndSilentOutside) {
+    const struct {
+        double t, plus, minus;           // expected forward and backward steps on [0, 1]
+    } cases[] = {{1.0, 0.0, Step(1.0)},  // f(1) and f(1 - h), divided by h
+                 {0.0, Step(0.0), 0.0},
+                 {0.5, Step(0.5), Step(0.5)},
+                 {1.0 - 0.5e-9, 0.0, Step(1.0 - 0.5e-9)}};
+    for (const auto& c : cases) {
+        Square f;
         ZtLBoundedFunctionDerivative adapter(&f, 0.0, 1.0);
         double d = kUnset;
-        ASSERT_TRUE(adapter.Derivative(c.t, &d)) << c.t;
-        EXPECT_EQ(f.samples, (std::vector<double>{c.t + c.plus, c.t - c.minus})) << c.t;
-        EXPECT_EQ(d, (Square(c.t + c.plus) - Square(c.t - c.minus)) / (c.minus + c.plus)) << c.t;
+        ASSERT_TRUE(adapter.Derivative(c.t, &d));
+        EXPECT_EQ(f.samples, (Samples{c.t + c.plus, c.t - c.minus}));
+        const double fp = (c.t + c.plus) * (c.t + c.plus), fm = (c.t - c.minus) * (c.t - c.minus);
+        EXPECT_EQ(d, (fp - fm) / (c.minus + c.plus));
     }
-}
-
-TEST(ZtLBoundedFunctionDerivativeTest, OutsideTheBoundsNothingIsCalledOrWritten) {
     for (double t : {1.5, -0.5, std::nextafter(1.0, 2.0), std::nan("")}) {
-        CountingFunction f(Square);
+        Square f;
         ZtLBoundedFunctionDerivative adapter(&f, 0.0, 1.0);
         double v = kUnset, d = kUnset;
-        EXPECT_FALSE(adapter.Value(t, &v));
-        EXPECT_FALSE(adapter.Derivative(t, &d));
-        EXPECT_FALSE(adapter.Values(t, &v, &d));
+        EXPECT_FALSE(adapter.Value(t, &v) || adapter.Derivative(t, &d) ||
+                     adapter.Values(t, &v, &d));
         EXPECT_TRUE(f.samples.empty());
-        EXPECT_EQ(v, kUnset);
-        EXPECT_EQ(d, kUnset);
+        EXPECT_EQ(v + d, 2 * kUnset);
     }
-    // A single-point interval: the value is there, but no step fits.
-    CountingFunction f(Square);
+    // A single-point interval: the value is there, but no step fits; Values ORs the two.
+    Square f;
     ZtLBoundedFunctionDerivative point(&f, 2.0, 2.0);
     double v = kUnset, d = kUnset;
     EXPECT_FALSE(point.Derivative(2.0, &d));
-    EXPECT_TRUE(f.samples.empty());
     EXPECT_TRUE(point.Values(2.0, &v, &d));
+    EXPECT_EQ(f.samples, (Samples{2.0}));  // the value first, then no sample for the derivative
     EXPECT_EQ(v, 4.0);
     EXPECT_EQ(d, kUnset);
 }
 
 TEST(ZtLBoundedFunctionDerivativeTest, NeverSamplesOutsideItsBounds) {
     const double lower = -0.75, upper = 0.3;
-    CountingFunction f([](double t) { return std::sin(t); });
+    Square f;
+    Parabola c;
     ZtLBoundedFunctionDerivative adapter(&f, lower, upper);
-    std::vector<double> ts;
-    for (int i = 0; i <= 1000; ++i)
-        ts.push_back(std::fmin(lower + (upper - lower) * i / 1000.0, upper));
-    for (double edge : {lower, upper}) {
-        double t = edge;
-        for (int i = 0; i < 40; ++i) {
-            ts.push_back(t);
-            t = std::nextafter(t, 0.0);
-        }
+    ZtLBoundedFunctionDerivative2d adapter2d(&c, lower, upper);
+    Samples ts;
+    for (int i = 0; i <= 200; ++i)
+        ts.push_back(std::fmin(lower + (upper - lower) * i / 200, upper));
+    for (double t = lower, u = upper; ts.size() < 300;
+         t = std::nextafter(t, 1), u = std::nextafter(u, -1)) {
+        ts.push_back(t);
+        ts.push_back(u);
     }
     for (double t : ts) {
         double v, d;
-        ASSERT_TRUE(adapter.Values(t, &v, &d)) << t;
-        EXPECT_NEAR(d, std::cos(t), 1e-6) << t;
+        ZtLPos2f p;
+        ZtLVec2f dp;
+        ASSERT_TRUE(adapter.Values(t, &v, &d));
+        ASSERT_TRUE(adapter2d.Values(t, &p, &dp));
+        EXPECT_NEAR(d, 2 * t, 1e-6);
+        EXPECT_NEAR(dp.GetX(), 2 * t, 1e-6);
+        EXPECT_NEAR(dp.GetY(), 3.0, 1e-6);
     }
-    for (double s : f.samples) {
-        ASSERT_GE(s, lower);
-        ASSERT_LE(s, upper);
+    for (const Samples& s : {f.samples, c.samples}) {
+        for (double t : s) ASSERT_TRUE(lower <= t && t <= upper) << t;
     }
 }
 
-TEST(ZtLBoundedFunctionDerivativeTest, ValuesTakesTheValueFirstAndOrsTheResults) {
-    const double t = 0.5, h = Step(t);
-    CountingFunction f(Square);
-    f.failAt = [=](double s) { return s == t - h; };
-    ZtLBoundedFunctionDerivative adapter(&f, 0.0, 1.0);
-    double v = kUnset, d = kUnset;
-    EXPECT_TRUE(adapter.Values(t, &v, &d));
-    EXPECT_EQ(f.samples, (std::vector<double>{t, t + h, t - h}));
-    EXPECT_EQ(v, 0.25);
-    EXPECT_EQ(d, kUnset);
+TEST(ZtLFunctionDerivative2dTest, DifferenceOfPositionsOverTheSpacing) {
+    const double t = 1.0, h = Step(t);
+    Parabola c;
+    ZtLFunctionDerivative2d central(&c);
+    ZtLBoundedFunctionDerivative2d bounded(&c, 0.0, 1.0);
+    ZtLVec2f d;
+    ASSERT_TRUE(central.Derivative(t, &d));
+    EXPECT_EQ(d.GetX(), ((t + h) * (t + h) - (t - h) * (t - h)) / (h + h));
+    EXPECT_EQ(d.GetY(), (3 * (t + h) - 3 * (t - h)) / (h + h));
+    ASSERT_TRUE(bounded.Derivative(t, &d));
+    EXPECT_EQ(d.GetX(), (t * t - (t - h) * (t - h)) / h);
+    EXPECT_EQ(c.samples, (Samples{t + h, t - h, t, t - h}));
 
-    f.failAt = [](double) { return true; };
-    EXPECT_FALSE(adapter.Values(t, &v, &d));
-}
-
-TEST(ZtLBoundedFunctionDerivativeTest, CopiesShareTheWrappedFunctionAndKeepTheBounds) {
-    CountingFunction f(Square);
-    ZtLBoundedFunctionDerivative original(&f, 0.0, 1.0);
-    ZtLBoundedFunctionDerivative copy(original);
-    ZtLFunctionWithDerivative* asBase = &copy;
-    double v = kUnset;
-    EXPECT_FALSE(asBase->Value(2.0, &v));
-    EXPECT_TRUE(asBase->Value(0.5, &v));
-    EXPECT_EQ(f.samples, (std::vector<double>{0.5}));
-
-    CountingFunction g(Square);
-    ZtLFunctionDerivative unbounded(&g);
-    ZtLFunctionDerivative other(&f);
-    other = unbounded;
-    EXPECT_TRUE(other.Value(7.0, &v));
-    EXPECT_EQ(g.samples, (std::vector<double>{7.0}));
+    // Copies share the wrapped curve and keep the bounds.
+    ZtLBoundedFunctionDerivative2d copy(&c, 5.0, 6.0);
+    copy = bounded;
+    ZtLPos2f p;
+    EXPECT_FALSE(copy.Value(2.0, &p));
+    c.failAt = [](double) { return true; };
+    EXPECT_FALSE(copy.Values(0.5, &p, &d));
 }

@@ -2,9 +2,8 @@
 #define ZTLINEAR_ZTLTWOVARFUNCTION_H
 
 #include <ztlinear/ZtLExport.h>
-
-class ZtLPos2f;
-class ZtLPos3f;
+#include <ztlinear/ZtLVec2f.h>
+#include <ztlinear/ZtLVec3f.h>
 
 // Function objects of two scalar parameters (u, v), implemented by the host: a scalar field, a
 // scalar field with its partial derivatives, a map into the plane and a map into space (a

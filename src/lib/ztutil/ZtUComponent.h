@@ -14,8 +14,6 @@
 // whole life of its module; it is safe to initialise and terminate it from several threads.
 class ZTU_EXPORT ZtUComponent {
 public:
-    // Not declared constexpr: MinGW's std::mutex (winpthreads) cannot be built in a constant
-    // expression. Where std::mutex can, the defaulted constructor is constexpr all the same.
     ZtUComponent() noexcept = default;
     ZtUComponent(const ZtUComponent&) = delete;
     ZtUComponent& operator=(const ZtUComponent&) = delete;

@@ -1,0 +1,12 @@
+#include <ztlinear/ZtLNewellMethod3f.h>
+
+int ZtLNewellMethod3f::AddPoints(ZtLPos3f* const pts, int n) noexcept {
+    if (n < 1) return 0;
+    for (int i = 0; i < n; ++i) AddPoint(pts[i]);
+    return m_count;
+}
+
+double ZtLNewellMethod3f::ComputeArea() const noexcept {
+    if (m_count <= 2) return 0.0;
+    return 0.5 * m_sum.Length();
+}
