@@ -20,7 +20,7 @@ case "$target" in
 esac
 
 source scripts/packages.sh
-bash scripts/deps.sh "${ZT_BUILD_PACKAGES[@]}" "${ZT_DEPS_SOURCE_PACKAGES[@]}"
+bash scripts/apt-install.sh "${ZT_BUILD_PACKAGES[@]}" "${ZT_DEPS_SOURCE_PACKAGES[@]}"
 
 deps=${ZT_DEPS_DIR:-$root/build/deps}
 prefix=$deps/$target

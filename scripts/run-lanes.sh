@@ -36,31 +36,8 @@ status=0
 
 say() { echo "== $*"; }
 
-# Installs Debian packages; also tries the point release's own versions (-t bookworm) when the
-# security mirror's index of a foreign architecture is missing and versions do not match up.
-install_packages() {
-    local missing=() pkg
-    for pkg in "$@"; do
-        dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q "install ok installed" \
-            || missing+=("$pkg")
-    done
-    [ ${#missing[@]} -eq 0 ] && return 0
-    if [ "$(id -u)" -ne 0 ]; then
-        echo "error: missing Debian packages: ${missing[*]}" >&2
-        echo "install them with:  sudo apt-get install -y ${missing[*]}" >&2
-        return 1
-    fi
-    echo "installing: ${missing[*]}"
-    export DEBIAN_FRONTEND=noninteractive
-    local apt=(apt-get install -y -q --no-install-recommends)
-    "${apt[@]}" "${missing[@]}" >>"$logdir/apt.log" 2>&1 && return 0
-    apt-get update -q >>"$logdir/apt.log" 2>&1 || true
-    "${apt[@]}" "${missing[@]}" >>"$logdir/apt.log" 2>&1 && return 0
-    "${apt[@]}" -t bookworm "${missing[@]}" >>"$logdir/apt.log" 2>&1 && return 0
-    echo "error: could not install: ${missing[*]} (see $logdir/apt.log)" >&2
-    tail -n 15 "$logdir/apt.log" >&2
-    return 1
-}
+# Installs Debian packages (scripts/apt-install.sh copes with a foreign architecture).
+install_packages() { ZT_APT_LOG=$logdir/apt.log bash scripts/apt-install.sh "$@"; }
 
 enable_i386() {
     dpkg --print-foreign-architectures | grep -qx i386 && return 0
@@ -125,6 +102,8 @@ lane_preset() {
 run_lane() {
     local lane=$1 start=$SECONDS ok=0 note="" builddir
     programs=0 passed=0 failed=0
+    # Counts come from this run only.
+    rm -f build/*/Testing/Temporary/LastTest.log
     say "lane $lane"
     case "$lane" in
         default)
@@ -133,19 +112,18 @@ run_lane() {
             ;;
         clang)
             builddir=build/clang
-            { bash scripts/deps.sh "${ZT_BUILD_PACKAGES[@]}" && install_packages "${ZT_LANE_CLANG_PACKAGES[@]}" \
+            { install_packages "${ZT_BUILD_PACKAGES[@]}" "${ZT_LANE_CLANG_PACKAGES[@]}" \
                 && lane_preset clang clang; } || ok=1
             ;;
         sanitize)
             builddir=build/sanitize
-            { bash scripts/deps.sh "${ZT_BUILD_PACKAGES[@]}" \
-                && install_packages "${ZT_LANE_SANITIZE_PACKAGES[@]}" \
+            { install_packages "${ZT_BUILD_PACKAGES[@]}" "${ZT_LANE_SANITIZE_PACKAGES[@]}" \
                 && lane_preset sanitize sanitize; } || ok=1
             ;;
         linux32)
             builddir=build/linux32
-            { install_packages "${ZT_LANE_LINUX32_PACKAGES[@]}" && bash scripts/build-deps.sh linux32 \
-                && lane_preset linux32 linux32; } || ok=1
+            { install_packages "${ZT_BUILD_PACKAGES[@]}" "${ZT_LANE_LINUX32_PACKAGES[@]}" \
+                && bash scripts/build-deps.sh linux32 && lane_preset linux32 linux32; } || ok=1
             ;;
         windows)
             local preset=windows target=mingw-i686
