@@ -91,4 +91,8 @@ TEST(ZtLColor3f, VecViewSharesTheStorage) {
     c.Vec() += ZtLVec3f(1, 1, 1);
     ExpectColor(c, 0.1 + 1, 0.2 + 1, 0.3 + 1);
     EXPECT_EQ(static_cast<const ZtLColor3f&>(c).Vec().GetValue(), c.GetValue());
+    ZtLVec3f v(1, 2, 3);
+    v.Color().Set(1, 5);
+    EXPECT_EQ(v.GetY(), 5.0);
+    EXPECT_EQ(static_cast<const ZtLVec3f&>(v).Color().GetG(), 5.0);
 }

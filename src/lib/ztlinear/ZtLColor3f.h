@@ -3,6 +3,7 @@
 
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLVec3f.h>
+#include <ztutil/ZtUOption.h>
 
 class ZtUXMLDOMStream;
 
@@ -102,6 +103,25 @@ public:
     // The record "color3f" with the components under the names "x", "y", "z" (not red, green,
     // blue: existing readers expect them so). Reading keeps the old value on bad input.
     void SerialiseXML(ZtUXMLDOMStream* s);
+
+    // The colour option: a set of class "color" named name, holding the plain float options
+    // "red", "green" and "blue" with the components of def as defaults, the given profile and
+    // validator. The set is registered on parent, or in the registry at the dotted path name,
+    // with flags | ZtUOptionStructured; the registry owns it.
+    static ZtUOptionSet* DefineColorOption(ZtUExOptionSet* parent, const char* name,
+                                           const ZtLColor3f& def, ZtUOptionSet::Profile profile,
+                                           unsigned int flags, ZtUOptionValidator* validator);
+    static ZtUOptionSet* DefineColorOption(const char* name, const ZtLColor3f& def,
+                                           ZtUOptionSet::Profile profile, unsigned int flags,
+                                           ZtUOptionValidator* validator);
+    // The colour option at name: in the registry under the option lock, or in set under the
+    // caller's lock.
+    static ZtLColor3f GetColorOption(const char* name);
+    static ZtLColor3f GetColorOption(ZtUOptionSet* set, const char* name);
+    static void SetColorOption(const char* name, const ZtLColor3f& color);
+    static void SetColorOption(ZtUOptionSet* set, const char* name, const ZtLColor3f& color);
+    // Resets "name.red", "name.green" and "name.blue" to their defaults, under the option lock.
+    static void ResetColorOption(const char* name);
 };
 
 static_assert(sizeof(ZtLColor3f) == 3 * sizeof(double), "a colour holds exactly its three doubles");

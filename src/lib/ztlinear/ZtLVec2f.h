@@ -3,6 +3,7 @@
 
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztutil/ZtUOption.h>
 #include <ztutil/ZtUStringBuffer.h>
 
 #include <cmath>
@@ -23,10 +24,15 @@
 //
 // All four are plain values: trivially copyable, exactly two doubles, no virtual functions.
 // Default construction leaves the components unset.
+//
+// Records: the XML elements "vec2f" and "pos2f" with the values "x", "y" (unit vectors have none
+// of their own); a position converts to and from a ZtUData 2D point and is kept in the registry
+// as a "point2d" option. Reading a record keeps the old value when the input is bad.
 
 class ZtLVec2f;
 class ZtLPos2f;
 class ZtLUnitVec2f;
+class ZtUXMLDOMStream;
 
 // Storage of two doubles. Reading is public; writing is protected, and each derived kind exposes
 // what it allows (unit vectors keep their length).
@@ -47,6 +53,9 @@ public:
     unsigned int CalcHashCode() const noexcept;
     // "(x, y)", each with sixteen decimals in fixed notation.
     ZtUWideStringBuffer ToString() const;
+    // Exchanges the values "x", "y" with s inside an element opened by the caller. A reading
+    // stream that reports an error leaves the value as it was.
+    void SerialiseXMLInner(ZtUXMLDOMStream* s);
 
 protected:
     ZtLBaseVec2f() = default;
@@ -175,6 +184,8 @@ public:
     double AngleWithRef(const ZtLVec2f& v, const ZtLVec2f& ref) const noexcept;
 
     ZtUWideStringBuffer ToStringImpl() const { return ToString(); }
+    // The record "vec2f" with "x", "y"; reading keeps the old value on bad input.
+    void SerialiseXML(ZtUXMLDOMStream* s);
 };
 
 // A position (point) in the plane. Only vectors are added to or subtracted from it.
@@ -183,6 +194,19 @@ public:
     ZtLPos2f() = default;
     constexpr ZtLPos2f(double x, double y) noexcept : ZtLBaseVec2f(x, y) {}
     explicit constexpr ZtLPos2f(const double* v) noexcept : ZtLBaseVec2f(v) {}
+    // The point held by d when it is a 2D point; a datum of any other kind leaves the components
+    // unset (the assignment below keeps the previous value instead).
+    explicit ZtLPos2f(const ZtUData& d) noexcept;
+    // Takes the point held by d when it is a 2D point; a datum of any other kind changes nothing.
+    // (A template taking exactly ZtUData, so that neither a braced list nor a number converts to
+    // a datum here.)
+    template <class Data, class = std::enable_if_t<std::is_same<Data, ZtUData>::value>>
+    ZtLPos2f& operator=(const Data& d) noexcept {
+        if (d.IsPoint2D()) SetValue(d.GetPoint2D());
+        return *this;
+    }
+    // A ZtUData 2D point of the components.
+    ZtUData ToData() const;
 
     using ZtLBaseVec2f::GetValue;
     using ZtLBaseVec2f::Set;
@@ -234,6 +258,25 @@ public:
     }
 
     ZtUWideStringBuffer ToStringImpl() const { return ToString(); }
+    // The record "pos2f" with "x", "y"; reading keeps the old value on bad input.
+    void SerialiseXML(ZtUXMLDOMStream* s);
+
+    // The point option: a set of class "point2d" named name, holding the linear float options
+    // "x", "y" with the components of def as defaults, the given profile and validator. The set
+    // is registered on parent, or in the registry at the dotted path name, with
+    // flags | ZtUOptionStructured; the registry owns it.
+    static ZtUOptionSet* DefinePoint2DOption(ZtUExOptionSet* parent, const char* name,
+                                             const ZtLPos2f& def, ZtUOptionSet::Profile profile,
+                                             unsigned int flags, ZtUOptionValidator* validator);
+    static ZtUOptionSet* DefinePoint2DOption(const char* name, const ZtLPos2f& def,
+                                             ZtUOptionSet::Profile profile, unsigned int flags,
+                                             ZtUOptionValidator* validator);
+    // The point option name of set (under the caller's lock), or at the dotted path name in the
+    // registry (under the option lock, taken for the call).
+    static ZtLPos2f GetPoint2DOption(ZtUOptionSet* set, const char* name);
+    static ZtLPos2f GetPoint2DOption(const char* name);
+    static void SetPoint2DOption(ZtUOptionSet* set, const char* name, const ZtLPos2f& p);
+    static void SetPoint2DOption(const char* name, const ZtLPos2f& p);
 };
 
 // A direction in the plane: length one, or exactly (0, 0) when made from a zero vector. Every

@@ -2,12 +2,17 @@
 
 #include <ztutil/ZtUChecksum.h>
 
+#include "detail/ZtLOptionSupport.h"
+#include "detail/ZtLRecordSupport.h"
+
 #include <cmath>
 
 namespace {
 // Beyond this cosine (45 degrees) acos loses precision and the angle is taken from the sine.
 constexpr double kCos45 = 0.70710678118655;
 constexpr double kPi = 3.141592653589793;
+
+const ztl_detail::OptionValue kLinear = ztl_detail::OptionValue::Linear;
 }  // namespace
 
 unsigned int ZtLBaseVec3f::CalcHashCode() const noexcept {
@@ -59,4 +64,66 @@ double ZtLUnitVec3f::AngleWithRef(const ZtLUnitVec3f& u, const ZtLUnitVec3f& ref
     }
     if (ref.Dot(c) < 0.0) a = -a;
     return a;
+}
+
+void ZtLBaseVec3f::SerialiseXMLInner(ZtUXMLDOMStream* s) {
+    ztl_detail::SerialiseDoubles(s, nullptr, ztl_detail::kXYZNames, m_v, 3);
+}
+
+void ZtLVec3f::SerialiseXML(ZtUXMLDOMStream* s) {
+    ztl_detail::SerialiseDoubles(s, L"vec3f", ztl_detail::kXYZNames, m_v, 3);
+}
+
+void ZtLUnitVec3f::SerialiseXML(ZtUXMLDOMStream* s) {
+    ztl_detail::SerialiseDoubles(s, L"vec3f", ztl_detail::kXYZNames, m_v, 3);
+}
+
+void ZtLPos3f::SerialiseXML(ZtUXMLDOMStream* s) {
+    ztl_detail::SerialiseDoubles(s, L"pos3f", ztl_detail::kXYZNames, m_v, 3);
+}
+
+ZtLPos3f::ZtLPos3f(const ZtUData& d) noexcept {
+    if (d.IsPoint3D()) SetValue(d.GetPoint3D());
+}
+
+ZtUData ZtLPos3f::ToData() const { return ZtUData(m_v[0], m_v[1], m_v[2]); }
+
+ZtUOptionSet* ZtLPos3f::DefinePoint3DOption(ZtUExOptionSet* parent, const char* name,
+                                            const ZtLPos3f& def, ZtUOptionSet::Profile profile,
+                                            unsigned int flags, ZtUOptionValidator* validator) {
+    return ztl_detail::DefineStructuredOption(parent, name, "point3d", kLinear,
+                                              ztl_detail::kXYZOptionNames, def.m_v, 3, profile,
+                                              flags, validator);
+}
+
+ZtUOptionSet* ZtLPos3f::DefinePoint3DOption(const char* name, const ZtLPos3f& def,
+                                            ZtUOptionSet::Profile profile, unsigned int flags,
+                                            ZtUOptionValidator* validator) {
+    return DefinePoint3DOption(nullptr, name, def, profile, flags, validator);
+}
+
+ZtLPos3f ZtLPos3f::GetPoint3DOption(ZtUOptionSet* set, const char* name) {
+    ZtLPos3f p;
+    ztl_detail::GetStructuredOption(set->GetSubOptions(name), kLinear, ztl_detail::kXYZOptionNames,
+                                    p.m_v, 3);
+    return p;
+}
+
+ZtLPos3f ZtLPos3f::GetPoint3DOption(const char* name) {
+    ZtUOptionLock lock;
+    ZtLPos3f p;
+    ztl_detail::GetStructuredOption(ZtUOption::GetSet(name, lock), kLinear,
+                                    ztl_detail::kXYZOptionNames, p.m_v, 3);
+    return p;
+}
+
+void ZtLPos3f::SetPoint3DOption(ZtUOptionSet* set, const char* name, const ZtLPos3f& p) {
+    ztl_detail::SetStructuredOption(set->GetSubOptions(name), kLinear, ztl_detail::kXYZOptionNames,
+                                    p.m_v, 3);
+}
+
+void ZtLPos3f::SetPoint3DOption(const char* name, const ZtLPos3f& p) {
+    ZtUOptionLock lock;
+    ztl_detail::SetStructuredOption(ZtUOption::GetSet(name, lock), kLinear,
+                                    ztl_detail::kXYZOptionNames, p.m_v, 3);
 }

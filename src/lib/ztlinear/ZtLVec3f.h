@@ -3,6 +3,7 @@
 
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLVec.h>
+#include <ztutil/ZtUOption.h>
 #include <ztutil/ZtUStringBuffer.h>
 
 #include <cmath>
@@ -21,11 +22,17 @@
 //
 // All four are plain values: trivially copyable, exactly three doubles, no virtual functions.
 // Default construction leaves the components unset.
+//
+// Records: the XML elements "vec3f" (free and unit vectors alike) and "pos3f" with the values
+// "x", "y", "z"; a position converts to and from a ZtUData 3D point and is kept in the registry as
+// a "point3d" option. Reading a record keeps the old value when the input is bad.
 
 class ZtLVec3f;
 class ZtLPos3f;
 class ZtLUnitVec3f;
+class ZtLColor3f;
 class ZtLMatrix3f;
+class ZtUXMLDOMStream;
 
 // Storage of three doubles. Reading is public; writing is protected, and each derived kind
 // exposes what it allows (unit vectors keep their length).
@@ -49,6 +56,9 @@ public:
     unsigned int CalcHashCode() const noexcept;
     // "(x, y, z)", each with sixteen decimals in fixed notation.
     ZtUWideStringBuffer ToString() const;
+    // Exchanges the values "x", "y", "z" with s inside an element opened by the caller. A reading
+    // stream that reports an error leaves the value as it was.
+    void SerialiseXMLInner(ZtUXMLDOMStream* s);
 
 protected:
     ZtLBaseVec3f() = default;
@@ -84,6 +94,9 @@ public:
     // The same storage seen as a position.
     const ZtLPos3f& Pos() const noexcept;
     ZtLPos3f& Pos() noexcept;
+    // The same storage seen as a colour (x, y, z as red, green, blue; see <ztlinear/ZtLColor3f.h>).
+    const ZtLColor3f& Color() const noexcept;
+    ZtLColor3f& Color() noexcept;
 
     // Per component: tol >= |a_i - b_i| for each i (inclusive; NaN makes it false).
     static bool Equals(const ZtLVec3f& a, const ZtLVec3f& b, double tol) noexcept {
@@ -197,6 +210,8 @@ public:
     double AngleWithRef(const ZtLVec3f& v, const ZtLVec3f& ref) const noexcept;
 
     ZtUWideStringBuffer ToStringImpl() const { return ToString(); }
+    // The record "vec3f" with "x", "y", "z"; reading keeps the old value on bad input.
+    void SerialiseXML(ZtUXMLDOMStream* s);
 };
 
 // A position (point). Only vectors are added to or subtracted from it.
@@ -205,6 +220,19 @@ public:
     ZtLPos3f() = default;
     constexpr ZtLPos3f(double x, double y, double z) noexcept : ZtLBaseVec3f(x, y, z) {}
     explicit constexpr ZtLPos3f(const double* v) noexcept : ZtLBaseVec3f(v) {}
+    // The point held by d when it is a 3D point; a datum of any other kind leaves the components
+    // unset (the assignment below keeps the previous value instead).
+    explicit ZtLPos3f(const ZtUData& d) noexcept;
+    // Takes the point held by d when it is a 3D point; a datum of any other kind changes nothing.
+    // (A template taking exactly ZtUData, so that neither a braced list nor a number converts to
+    // a datum here.)
+    template <class Data, class = std::enable_if_t<std::is_same<Data, ZtUData>::value>>
+    ZtLPos3f& operator=(const Data& d) noexcept {
+        if (d.IsPoint3D()) SetValue(d.GetPoint3D());
+        return *this;
+    }
+    // A ZtUData 3D point of the components.
+    ZtUData ToData() const;
 
     using ZtLBaseVec3f::GetValue;
     using ZtLBaseVec3f::Set;
@@ -251,6 +279,25 @@ public:
     constexpr ZtLPos3f& operator-=(const ZtLVec3f& v) noexcept { return *this = Subtract(v); }
 
     ZtUWideStringBuffer ToStringImpl() const { return ToString(); }
+    // The record "pos3f" with "x", "y", "z"; reading keeps the old value on bad input.
+    void SerialiseXML(ZtUXMLDOMStream* s);
+
+    // The point option: a set of class "point3d" named name, holding the linear float options
+    // "x", "y", "z" with the components of def as defaults, the given profile and validator. The
+    // set is registered on parent, or in the registry at the dotted path name, with
+    // flags | ZtUOptionStructured; the registry owns it.
+    static ZtUOptionSet* DefinePoint3DOption(ZtUExOptionSet* parent, const char* name,
+                                             const ZtLPos3f& def, ZtUOptionSet::Profile profile,
+                                             unsigned int flags, ZtUOptionValidator* validator);
+    static ZtUOptionSet* DefinePoint3DOption(const char* name, const ZtLPos3f& def,
+                                             ZtUOptionSet::Profile profile, unsigned int flags,
+                                             ZtUOptionValidator* validator);
+    // The point option name of set (under the caller's lock), or at the dotted path name in the
+    // registry (under the option lock, taken for the call).
+    static ZtLPos3f GetPoint3DOption(ZtUOptionSet* set, const char* name);
+    static ZtLPos3f GetPoint3DOption(const char* name);
+    static void SetPoint3DOption(ZtUOptionSet* set, const char* name, const ZtLPos3f& p);
+    static void SetPoint3DOption(const char* name, const ZtLPos3f& p);
 };
 
 // A direction: length one, or exactly (0, 0, 0) when made from a zero vector. Every constructor
@@ -350,6 +397,10 @@ public:
     double AngleWithRef(const ZtLUnitVec3f& u, const ZtLUnitVec3f& ref) const noexcept;
 
     ZtUWideStringBuffer ToStringImpl() const { return ToString(); }
+    // The record of a free vector ("vec3f" with "x", "y", "z"). What is read is stored as it
+    // stands, like SetUnitValue, so that a unit vector written comes back bit for bit; reading
+    // keeps the old value on bad input.
+    void SerialiseXML(ZtUXMLDOMStream* s);
 
 private:
     static ZtLUnitVec3f Unit(double x, double y, double z) noexcept {
@@ -375,6 +426,10 @@ inline const ZtLPos3f& ZtLVec3f::Pos() const noexcept {
     return reinterpret_cast<const ZtLPos3f&>(*this);
 }
 inline ZtLPos3f& ZtLVec3f::Pos() noexcept { return reinterpret_cast<ZtLPos3f&>(*this); }
+inline const ZtLColor3f& ZtLVec3f::Color() const noexcept {
+    return reinterpret_cast<const ZtLColor3f&>(*this);
+}
+inline ZtLColor3f& ZtLVec3f::Color() noexcept { return reinterpret_cast<ZtLColor3f&>(*this); }
 
 constexpr double ZtLPos3f::DistanceTo2(const ZtLPos3f& p) const noexcept {
     return Subtract(p).Length2();

@@ -2,6 +2,7 @@
 #define ZTLINEAR_ZTLINEAR_H
 
 // Every public header of the ztlinear library.
+#include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBaseVec4f.h>
 #include <ztlinear/ZtLBoEventPoint.h>
 #include <ztlinear/ZtLBoPointList.h>
@@ -15,6 +16,7 @@
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLMatrix.h>
 #include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLMatrix4f.h>
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
 #include <ztlinear/ZtLPick.h>
@@ -22,6 +24,7 @@
 #include <ztlinear/ZtLPos2fList.h>
 #include <ztlinear/ZtLPos3fList.h>
 #include <ztlinear/ZtLRotation3f.h>
+#include <ztlinear/ZtLTransform3f.h>
 #include <ztlinear/ZtLTwoVarFunction.h>
 #include <ztlinear/ZtLVec.h>
 #include <ztlinear/ZtLVec2f.h>
