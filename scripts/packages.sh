@@ -12,3 +12,7 @@ ZT_LANE_WINDOWS64_PACKAGES=(g++-mingw-w64-x86-64-posix wine wine64)
 # What scripts/build-deps.sh builds the target dependencies from: GoogleTest's sources
 # (/usr/src/googletest), pugixml's Debian source package (apt-get source) and xxHash's header.
 ZT_DEPS_SOURCE_PACKAGES=(dpkg-dev googletest libxxhash-dev)
+
+# The benchmarks (bench/compare): Google Benchmark, and the peer libraries they are compared with.
+ZT_BENCH_PACKAGES=(libbenchmark-dev)
+ZT_BENCH_PEER_PACKAGES=(libeigen3-dev libglm-dev libimath-dev)

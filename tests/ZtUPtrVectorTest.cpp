@@ -47,8 +47,8 @@ TEST(ZtUOwnPtrVector, OwnsDeletesAndCopiesDeep) {
         EXPECT_NE(a[0], b[0]);
         EXPECT_EQ(b[1]->value, 2);
 
-        const ZtUOwnPtrVector<Tracked>& self = b;  // through a reference: no self-assign warning
-        b = self;                                  // self-assignment keeps the elements
+        ZtUOwnPtrVector<Tracked>& alias = b;
+        b = alias;  // self-assignment keeps the elements
         EXPECT_EQ(b.GetCount(), 2);
         EXPECT_EQ(Tracked::live, 4);
 

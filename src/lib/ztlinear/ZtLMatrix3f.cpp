@@ -1,5 +1,8 @@
+#include <ztlinear/ZtLAffine2f.h>
 #include <ztlinear/ZtLMatrix.h>
+#include <ztlinear/ZtLMatrix2f.h>
 #include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLRotation2f.h>
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztutil/ZtUChecksum.h>
 #include <ztutil/ZtUError.h>
@@ -286,6 +289,41 @@ void ZtLMatrix3f::FactorProjection(ZtLMatrix3f* projection) const noexcept {
     p.m[1][2] = m[1][2] * n.m[1][0] + m[1][2] * n.m[1][1] + m[2][2] * n.m[1][2];
     p.m[2][2] = m[0][2] * n.m[2][0] + m[1][2] * n.m[2][1] + m[2][2] * n.m[2][2];
     *projection = p;
+}
+
+ZtLMatrix3f::ZtLMatrix3f(const ZtLRotation2f& r) noexcept { SetValue(r); }
+
+void ZtLMatrix3f::SetValue(const ZtLRotation2f& r) noexcept {
+    const double c = r.GetCosAngle();
+    const double s = r.GetSinAngle();
+    *this = ZtLMatrix3f(c, s, 0.0, -s, c, 0.0, 0.0, 0.0, 1.0);
+}
+
+void ZtLMatrix3f::MakeRotation(const ZtLRotation2f& r) noexcept { SetValue(r); }
+
+void ZtLMatrix3f::Factor(ZtLVec2f* scale, ZtLMatrix2f* u, ZtLMatrix2f* r,
+                         ZtLVec2f* translation) const {
+    ZtLAffine2f(*this).Factor(scale, u, r, translation);
+}
+
+void ZtLMatrix3f::Factor(ZtLVec2f* scale, ZtLRotation2f* u, ZtLRotation2f* r,
+                         ZtLVec2f* translation) const {
+    ZtLAffine2f(*this).Factor(scale, u, r, translation);
+}
+
+void ZtLMatrix3f::Factor(ZtLVec2f* scale, ZtLMatrix2f* u, ZtLMatrix2f* r, ZtLVec2f* translation,
+                         ZtLMatrix3f* projection) const {
+    // The affine part is read before the projection is written: it may be this matrix.
+    const ZtLAffine2f affine(*this);
+    FactorProjection(projection);
+    affine.Factor(scale, u, r, translation);
+}
+
+void ZtLMatrix3f::Factor(ZtLVec2f* scale, ZtLRotation2f* u, ZtLRotation2f* r, ZtLVec2f* translation,
+                         ZtLMatrix3f* projection) const {
+    const ZtLAffine2f affine(*this);
+    FactorProjection(projection);
+    affine.Factor(scale, u, r, translation);
 }
 
 unsigned int ZtLMatrix3f::CalcHashCode() const noexcept {

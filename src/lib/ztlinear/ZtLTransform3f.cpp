@@ -1,3 +1,4 @@
+#include <ztlinear/ZtLComponentAffine3f.h>
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLTransform3f.h>
 #include <ztutil/ZtUChecksum.h>
@@ -444,6 +445,37 @@ void ZtLTransform3f::Factor(ZtLVec3f* scale, ZtLRotation3f* scaleOrientation,
                             ZtLMatrix4f* projection) const noexcept {
     FactorProjection(projection);
     Factor(scale, scaleOrientation, rotation, translation);
+}
+
+void ZtLTransform3f::Factor(ZtLComponentAffine3f* components) const noexcept {
+    ZtLVec3f scale;
+    ZtLRotation3f scaleOrientation;
+    ZtLRotation3f rotation;
+    ZtLVec3f translation;
+    Factor(&scale, &scaleOrientation, &rotation, &translation);
+    components->SetScale(scale);
+    components->SetScaleOrientation(scaleOrientation);
+    components->SetRotation(rotation);
+    components->SetCenter(ZtLVec3f(0.0, 0.0, 0.0));
+    components->SetTranslation(translation);
+}
+
+void ZtLTransform3f::Factor(const ZtLVec3f& center,
+                            ZtLComponentAffine3f* components) const noexcept {
+    Factor(components);
+    components->ApplyWorldSpaceCenter(center);
+}
+
+ZtLComponentAffine3f ZtLTransform3f::Factor() const noexcept {
+    ZtLComponentAffine3f components;
+    Factor(&components);
+    return components;
+}
+
+ZtLComponentAffine3f ZtLTransform3f::Factor(const ZtLVec3f& center) const noexcept {
+    ZtLComponentAffine3f components;
+    Factor(center, &components);
+    return components;
 }
 
 void ZtLTransform3f::FactorProjection(ZtLMatrix4f* projection) const noexcept {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <type_traits>
 
+class ZtLComponentAffine3f;
 class ZtLRotation3f;
 class ZtUReadStream;
 class ZtUWriteStream;
@@ -292,6 +293,14 @@ public:
                 ZtLVec3f* translation, ZtLMatrix4f* projection) const noexcept;
     // See ZtLMatrix4f::FactorProjection; the identity for an affine transform.
     void FactorProjection(ZtLMatrix4f* projection) const noexcept;
+    // The affine part as editable components (scale, scale orientation, rotation, translation as
+    // the Factor above finds them, the centre at the origin), so that their Combine() maps points
+    // as this transform does. The forms with a centre then move the centre to the given
+    // world-space point (ZtLComponentAffine3f::ApplyWorldSpaceCenter).
+    ZtLComponentAffine3f Factor() const noexcept;
+    ZtLComponentAffine3f Factor(const ZtLVec3f& center) const noexcept;
+    void Factor(ZtLComponentAffine3f* components) const noexcept;
+    void Factor(const ZtLVec3f& center, ZtLComponentAffine3f* components) const noexcept;
 
     // The 4x4 equivalents agree within tol entry by entry, whatever the traits (as
     // ZtLMatrix4f::Equals).

@@ -7,7 +7,6 @@
 #include <cstdarg>
 #include <map>
 #include <mutex>
-#include <new>
 #include <vector>
 
 namespace {

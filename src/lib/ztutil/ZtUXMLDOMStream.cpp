@@ -185,7 +185,7 @@ struct ZtUXMLDOMReader::Impl {
         if (offset < 0 || offset > static_cast<std::ptrdiff_t>(text.size())) return 0;
         return 1 + static_cast<int>(std::count(text.begin(), text.begin() + offset, '\n'));
     }
-    // " /a/b (line 3)"
+    // "/a/b (line 3)"
     std::string Where(pugi::xml_node node) const {
         std::string where = PathOf(node);
         if (const int line = LineOf(node.offset_debug()))

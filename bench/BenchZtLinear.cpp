@@ -1,0 +1,224 @@
+// Benchmarks of this library's operations on the shared data.
+#include "BenchCommon.h"
+#include "BenchData.h"
+
+#include <ztlinear/ZtLAffine3f.h>
+#include <ztlinear/ZtLBox3f.h>
+#include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLMatrix4f.h>
+#include <ztlinear/ZtLRotation3f.h>
+#include <ztlinear/ZtLTransform3f.h>
+#include <ztlinear/ZtLVec3f.h>
+
+#include <vector>
+
+namespace {
+
+using namespace bench;
+
+ZtLMatrix4f ToMatrix4(const Mat4& a) { return ZtLMatrix4f(&a.m[0][0]); }
+ZtLMatrix3f ToMatrix3(const Mat3& a) { return ZtLMatrix3f(&a.m[0][0]); }
+ZtLRotation3f ToRotation(const Quat& q) { return ZtLRotation3f(q.x, q.y, q.z, q.w); }
+ZtLVec3f ToVec(const Vec3& v) { return ZtLVec3f(v.x, v.y, v.z); }
+ZtLAffine3f ToAffine(const Mat4& a) { return ZtLAffine3f(ToMatrix4(a)); }
+
+template <class T, class In, class F>
+std::vector<T> Convert(const std::vector<In>& in, F f) {
+    std::vector<T> out;
+    out.reserve(in.size());
+    for (const In& x : in) out.push_back(f(x));
+    return out;
+}
+
+const std::vector<ZtLMatrix4f>& General4() {
+    static const auto v = Convert<ZtLMatrix4f>(GeneralMatrices4(SeedMat4General), ToMatrix4);
+    return v;
+}
+const std::vector<ZtLMatrix4f>& Affine4() {
+    static const auto v = Convert<ZtLMatrix4f>(AffineMatrices4(SeedMat4Affine), ToMatrix4);
+    return v;
+}
+const std::vector<ZtLMatrix4f>& Affine4B() {
+    static const auto v = Convert<ZtLMatrix4f>(AffineMatrices4(SeedMat4B), ToMatrix4);
+    return v;
+}
+const std::vector<ZtLAffine3f>& Affines() {
+    static const auto v = Convert<ZtLAffine3f>(AffineMatrices4(SeedMat4Affine), ToAffine);
+    return v;
+}
+const std::vector<ZtLMatrix3f>& Mat3A() {
+    static const auto v = Convert<ZtLMatrix3f>(Matrices3(SeedMat3A), ToMatrix3);
+    return v;
+}
+const std::vector<ZtLMatrix3f>& Mat3B() {
+    static const auto v = Convert<ZtLMatrix3f>(Matrices3(SeedMat3B), ToMatrix3);
+    return v;
+}
+const std::vector<ZtLRotation3f>& QuatA() {
+    static const auto v = Convert<ZtLRotation3f>(Quats(SeedQuatA), ToRotation);
+    return v;
+}
+const std::vector<ZtLRotation3f>& QuatB() {
+    static const auto v = Convert<ZtLRotation3f>(Quats(SeedQuatB), ToRotation);
+    return v;
+}
+const std::vector<ZtLPos3f>& Positions() {
+    static const auto v = Convert<ZtLPos3f>(Points(SeedPoints),
+                                            [](const Vec3& p) { return ZtLPos3f(p.x, p.y, p.z); });
+    return v;
+}
+
+void Inverse4General(benchmark::State& state) {
+    const auto& in = General4();
+    std::vector<ZtLMatrix4f> out(in.size());
+    RunArray(state, out, [&](std::size_t i) { return in[i].Inverse(); });
+}
+ZT_BENCH(Inverse4General, "Inverse4General/ztlinear-Matrix4f");
+
+void Inverse4AffineMatrix(benchmark::State& state) {
+    const auto& in = Affine4();
+    std::vector<ZtLMatrix4f> out(in.size());
+    RunArray(state, out, [&](std::size_t i) { return in[i].Inverse(); });
+}
+ZT_BENCH(Inverse4AffineMatrix, "Inverse4Affine/ztlinear-Matrix4f");
+
+void Inverse4AffineMap(benchmark::State& state) {
+    const auto& in = Affines();
+    std::vector<ZtLAffine3f> out(in.size());
+    RunArray(state, out, [&](std::size_t i) { return in[i].Inverse(); });
+}
+ZT_BENCH(Inverse4AffineMap, "Inverse4Affine/ztlinear-Affine3f");
+
+void Inverse3(benchmark::State& state) {
+    const auto& in = Mat3A();
+    std::vector<ZtLMatrix3f> out(in.size());
+    RunArray(state, out, [&](std::size_t i) { return in[i].Inverse(); });
+}
+ZT_BENCH(Inverse3, "Inverse3/ztlinear-Matrix3f");
+
+void Product4(benchmark::State& state) {
+    const auto& a = General4();
+    const auto& b = Affine4B();
+    std::vector<ZtLMatrix4f> out(a.size());
+    RunArray(state, out, [&](std::size_t i) { return a[i] * b[i]; });
+}
+ZT_BENCH(Product4, "Product4/ztlinear-Matrix4f");
+
+void Product3(benchmark::State& state) {
+    const auto& a = Mat3A();
+    const auto& b = Mat3B();
+    std::vector<ZtLMatrix3f> out(a.size());
+    RunArray(state, out, [&](std::size_t i) { return a[i] * b[i]; });
+}
+ZT_BENCH(Product3, "Product3/ztlinear-Matrix3f");
+
+void PointProjective(benchmark::State& state) {
+    const auto& m = General4();
+    const auto& p = Positions();
+    std::vector<ZtLPos3f> out(p.size());
+    RunArray(state, out, [&](std::size_t i) { return p[i] * m[i]; });
+}
+ZT_BENCH(PointProjective, "PointProjective/ztlinear-Matrix4f");
+
+void PointAffine(benchmark::State& state) {
+    const auto& a = Affines();
+    const auto& p = Positions();
+    std::vector<ZtLPos3f> out(p.size());
+    RunArray(state, out, [&](std::size_t i) { return p[i] * a[i]; });
+}
+ZT_BENCH(PointAffine, "PointAffine/ztlinear-Affine3f");
+
+void PointTransform(benchmark::State& state) {
+    static const auto x =
+        Convert<ZtLTransform3f>(Affines(), [](const ZtLAffine3f& a) { return ZtLTransform3f(a); });
+    const auto& p = Positions();
+    std::vector<ZtLPos3f> out(p.size());
+    RunArray(state, out, [&](std::size_t i) { return p[i] * x[i]; });
+}
+ZT_BENCH(PointTransform, "PointTransform/ztlinear-Transform3f");
+
+void QuatProduct(benchmark::State& state) {
+    const auto& a = QuatA();
+    const auto& b = QuatB();
+    std::vector<ZtLRotation3f> out(a.size());
+    RunArray(state, out, [&](std::size_t i) { return a[i] * b[i]; });
+}
+ZT_BENCH(QuatProduct, "QuatProduct/ztlinear-Rotation3f");
+
+void QuatToMatrix(benchmark::State& state) {
+    const auto& a = QuatA();
+    std::vector<ZtLMatrix3f> out(a.size());
+    RunArray(state, out, [&](std::size_t i) { return ZtLMatrix3f(a[i]); });
+}
+ZT_BENCH(QuatToMatrix, "QuatToMatrix/ztlinear-Rotation3f");
+
+void Slerp(benchmark::State& state) {
+    const auto& a = QuatA();
+    const auto& b = QuatB();
+    static const std::vector<double> t = Parameters(SeedParam);
+    std::vector<ZtLRotation3f> out(a.size());
+    RunArray(state, out, [&](std::size_t i) { return a[i].Slerp(b[i], t[i]); });
+}
+ZT_BENCH(Slerp, "Slerp/ztlinear-Rotation3f");
+
+const std::vector<ZtLBox3f>& BoxArray() {
+    static const auto v = Convert<ZtLBox3f>(Boxes(SeedBoxes), [](const Box& b) {
+        return ZtLBox3f(ZtLPos3f(b.min.x, b.min.y, b.min.z), ZtLPos3f(b.max.x, b.max.y, b.max.z));
+    });
+    return v;
+}
+
+void BoxTransformAffine(benchmark::State& state) {
+    const auto& a = Affines();
+    const auto& boxes = BoxArray();
+    std::vector<ZtLBox3f> out(boxes.size());
+    RunArray(state, out, [&](std::size_t i) { return boxes[i].TransformedBy(a[i]); });
+}
+ZT_BENCH(BoxTransformAffine, "BoxTransform/ztlinear-Affine3f");
+
+void BoxTransformTransform(benchmark::State& state) {
+    static const auto x =
+        Convert<ZtLTransform3f>(Affines(), [](const ZtLAffine3f& a) { return ZtLTransform3f(a); });
+    const auto& boxes = BoxArray();
+    std::vector<ZtLBox3f> out(boxes.size());
+    RunArray(state, out, [&](std::size_t i) { return boxes[i].TransformedBy(x[i]); });
+}
+ZT_BENCH(BoxTransformTransform, "BoxTransform/ztlinear-Transform3f");
+
+ZtLTransform3f LocalTransform(const SceneNode& n) {
+    ZtLTransform3f x;
+    switch (n.kind) {
+        case SceneNode::Identity:
+            break;
+        case SceneNode::Translation:
+            x.MakeTranslation(ToVec(n.translation));
+            break;
+        case SceneNode::RotationTranslation:
+            x.SetValue(ToRotation(n.rotation), ToVec(n.translation));
+            break;
+        case SceneNode::GeneralAffine:
+            x.MakeAffine(ToMatrix3(n.linear), ToVec(n.translation));
+            break;
+        case SceneNode::ScaledRotation:
+            x.MakeUniformScale(n.scale);
+            x.RotateRight(ToRotation(n.rotation));
+            x.TranslateRight(ToVec(n.translation));
+            break;
+    }
+    return x;
+}
+
+// World transforms of every node, root to leaves: a node's local transform, then its parent's
+// world transform.
+void SceneChains(benchmark::State& state) {
+    static const std::vector<SceneNode> scene = Scene(SeedScene);
+    static const auto local = Convert<ZtLTransform3f>(scene, LocalTransform);
+    std::vector<ZtLTransform3f> world(scene.size());
+    RunArray(state, world, [&](std::size_t i) {
+        const int p = scene[i].parent;
+        return p < 0 ? local[i] : local[i] * world[p];
+    });
+}
+ZT_BENCH(SceneChains, "SceneChains/ztlinear-Transform3f");
+
+}  // namespace
