@@ -4,12 +4,15 @@
 
 #include <ztlinear/ZtLAffine3f.h>
 #include <ztlinear/ZtLBox3f.h>
+#include <ztlinear/ZtLFrustum3f.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLMatrix4f.h>
+#include <ztlinear/ZtLPickFrustum3f.h>
 #include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLTransform3f.h>
 #include <ztlinear/ZtLVec3f.h>
 
+#include <cstdint>
 #include <vector>
 
 namespace {
@@ -209,7 +212,7 @@ ZtLTransform3f LocalTransform(const SceneNode& n) {
 }
 
 // World transforms of every node, root to leaves: a node's local transform, then its parent's
-// world transform.
+// world transform. Computed as the product local * parent ...
 void SceneChains(benchmark::State& state) {
     static const std::vector<SceneNode> scene = Scene(SeedScene);
     static const auto local = Convert<ZtLTransform3f>(scene, LocalTransform);
@@ -220,5 +223,74 @@ void SceneChains(benchmark::State& state) {
     });
 }
 ZT_BENCH(SceneChains, "SceneChains/ztlinear-Transform3f");
+
+// ... or in place: the parent's world transform with the local one put before it.
+void SceneChainsLeft(benchmark::State& state) {
+    static const std::vector<SceneNode> scene = Scene(SeedScene);
+    static const auto local = Convert<ZtLTransform3f>(scene, LocalTransform);
+    std::vector<ZtLTransform3f> world(scene.size());
+    RunArray(state, world, [&](std::size_t i) {
+        const int p = scene[i].parent;
+        if (p < 0) return local[i];
+        ZtLTransform3f w(world[p]);
+        w.MultLeft(local[i]);
+        return w;
+    });
+}
+ZT_BENCH(SceneChainsLeft, "SceneChains/ztlinear-Transform3f-MultLeft");
+
+ZtLBox3f ToBox(const Box& b) {
+    return ZtLBox3f(ZtLPos3f(b.min.x, b.min.y, b.min.z), ZtLPos3f(b.max.x, b.max.y, b.max.z));
+}
+
+// The view volume of BenchData.h; a box is culled when it lies wholly outside one of the six
+// planes. Every box starts from the full plane mask.
+void CanCull(benchmark::State& state) {
+    static const auto boxes = Convert<ZtLBox3f>(CullBoxes(SeedCull), ToBox);
+    const ZtLPickFrustum3f volume(ZtLFrustum3f(kFovY, kAspect, kNear, kFar));
+    std::vector<int> out(boxes.size());
+    RunArray(state, out, [&](std::size_t i) {
+        int mask = 0x3f;
+        return volume.CanCull(boxes[i], &mask);
+    });
+}
+ZT_BENCH(CanCull, "CanCull/ztlinear-PickFrustum3f");
+
+struct Tri {
+    ZtLPos3f a, b, c;
+};
+
+// The nearest triangle of a million-triangle soup under a narrow pick volume (a 0.01 radian cone
+// down the view axis), asking for the picked position and its distance: one pass over the soup
+// per iteration; items are triangles.
+void FindNearest(benchmark::State& state) {
+    static const auto soup = Convert<Tri>(Soup(SeedSoup), [](const Triangle& t) {
+        return Tri{ZtLPos3f(t.a.x, t.a.y, t.a.z), ZtLPos3f(t.b.x, t.b.y, t.b.z),
+                   ZtLPos3f(t.c.x, t.c.y, t.c.z)};
+    });
+    const ZtLPickFrustum3f volume(ZtLFrustum3f(0.01, 1.0, kNear, kFar));
+    const int options = ZtLPickEnum::WritePosition | ZtLPickEnum::WriteDistance;
+    std::int64_t hits = 0;
+    for (auto _ : state) {
+        ZtLPickFrustumContext3f context(0, 0x3f, options);
+        double nearest = kFar;
+        std::size_t found = soup.size();
+        for (std::size_t i = 0; i < soup.size(); ++i) {
+            if (!volume.FindNearest(&context, soup[i].a, soup[i].b, soup[i].c)) continue;
+            ++hits;
+            if (context.distance < nearest) {
+                nearest = context.distance;
+                found = i;
+            }
+        }
+        benchmark::DoNotOptimize(found);
+        benchmark::DoNotOptimize(nearest);
+    }
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) *
+                            static_cast<std::int64_t>(soup.size()));
+    state.counters["hits"] =
+        benchmark::Counter(static_cast<double>(hits), benchmark::Counter::kAvgIterations);
+}
+ZT_BENCH(FindNearest, "FindNearest/ztlinear-PickFrustum3f");
 
 }  // namespace

@@ -1,5 +1,6 @@
 # The Debian packages of the native build (sourced by the other scripts).
-ZT_BUILD_PACKAGES=(cmake make g++ pkg-config libgtest-dev libgmock-dev libpugixml-dev libxxhash-dev)
+ZT_BUILD_PACKAGES=(cmake make g++ pkg-config libgtest-dev libgmock-dev libpugixml-dev libxxhash-dev
+                   libtinyobjloader-dev)
 
 # The extra packages of each build lane (scripts/run-lanes.sh). Packages named `name:i386` come
 # from the i386 architecture, which scripts/run-lanes.sh enables first.

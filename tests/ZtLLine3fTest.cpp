@@ -19,27 +19,16 @@ ZtLPos3f RandomPos(std::mt19937& gen, double scale = 5.0) {
     return ZtLPos3f(scale * g_u(gen), scale * g_u(gen), scale * g_u(gen));
 }
 ZtLUnitVec3f RandomDir(std::mt19937& gen) { return ZtLUnitVec3f(RandomPos(gen).Vec()); }
-ZtLMatrix3f RandomMatrix(std::mt19937& gen) {
-    ZtLMatrix3f a;
-    do {
-        for (int i = 0; i < 9; ++i) a[i / 3][i % 3] = 2.0 * g_u(gen);
-    } while (std::fabs(a.Determinant()) < 0.5);
-    return a;
-}
 
 // Moeller-Trumbore on the infinite line: the parameter along d and the weights of p1 and p2.
-bool LineTriangle(const ZtLPos3f& o, const ZtLVec3f& d, const ZtLPos3f& p0, const ZtLPos3f& p1,
+void LineTriangle(const ZtLPos3f& o, const ZtLVec3f& d, const ZtLPos3f& p0, const ZtLPos3f& p1,
                   const ZtLPos3f& p2, double* t, double* u, double* v) {
-    const ZtLVec3f e1 = p1 - p0, e2 = p2 - p0;
-    const ZtLVec3f h = d.Cross(e2);
+    const ZtLVec3f e1 = p1 - p0, e2 = p2 - p0, s = o - p0;
+    const ZtLVec3f h = d.Cross(e2), q = s.Cross(e1);
     const double det = e1.Dot(h);
-    if (std::fabs(det) < 1e-9) return false;
-    const ZtLVec3f s = o - p0;
     *u = s.Dot(h) / det;
-    const ZtLVec3f q = s.Cross(e1);
     *v = d.Dot(q) / det;
     *t = e2.Dot(q) / det;
-    return true;
 }
 
 }  // namespace
@@ -57,37 +46,29 @@ TEST(ZtLLine3f, ThePointIsTheFootFromTheOriginExceptWhereStoredAsGiven) {
         EXPECT_TRUE(ZtLLine3f(p, q).Equals(a, 1e-15, 1e-13));
         EXPECT_TRUE(ZtLLine3f(ZtLRay3f(p, d)) == a);
         EXPECT_TRUE(ZtLLine3f(ZtLSegment3f(p, q)) == ZtLLine3f(p, q));
-        EXPECT_NEAR(a.ClosestPointParameter(a.Evaluate(1.75)), 1.75, 1e-13);
     }
     ZtLLine3f raw;
     raw.SetNormalizedValue(ZtLPos3f(1, 2, 3), ZtLVec3f(0, 0, 2));
     EXPECT_TRUE(raw.GetPoint().Equals(ZtLPos3f(1, 2, 3), 0)) << "neither projected...";
     EXPECT_EQ(raw.GetDirection()[2], 2.0) << "...nor normalised";
     ZtLLine3f z(ZtLPos3f(1, 2, 3), ZtLUnitVec3f(0, 0, 1));  // TranslatedBy is non-const
-    EXPECT_TRUE(z.ClosestPoint(ZtLPos3f(4, 6, 7)).Equals(ZtLPos3f(1, 2, 7), 0));
-    EXPECT_EQ(z.DistanceFromLine(ZtLPos3f(4, 6, 7)), 5.0);
-    EXPECT_TRUE(z.Opposite().GetPoint().Equals(z.GetPoint(), 0));
     EXPECT_TRUE(z.TranslatedBy(ZtLVec3f(1, 1, 1)).GetPoint().Equals(ZtLPos3f(2, 3, 0), 0));
 }
 
 TEST(ZtLLine3f, PlaneIntersectionTestsOnlyTheAngle) {
     const ZtLPlane3f pl(ZtLUnitVec3f(0, 0, 1), 2.0);
     const ZtLLine3f inPlane(ZtLPos3f(0, 0, 2), ZtLUnitVec3f(1, 0, 0));
-    const ZtLLine3f parallel(ZtLPos3f(0, 0, 5), ZtLUnitVec3f(1, 1, 0));
     const ZtLLine3f slanted(ZtLPos3f(1, 0, 0), ZtLUnitVec3f(0, 3, 4));
-    EXPECT_EQ(inPlane.Intersects(pl), 0);
     double t = 42;
     ZtLPos3f p(7, 7, 7);
-    EXPECT_EQ(parallel.IntersectParameter(pl, &t), 0);
-    EXPECT_EQ(parallel.Intersect(pl, &p), 0);
+    EXPECT_EQ(inPlane.Intersects(pl), 0);
+    EXPECT_EQ(inPlane.IntersectParameter(pl, &t) + inPlane.Intersect(pl, &p), 0);
     EXPECT_EQ(t, 42.0);
-    EXPECT_TRUE(p.Equals(ZtLPos3f(7, 7, 7), 0));
-    EXPECT_EQ(slanted.Intersects(pl), 1);
+    EXPECT_EQ(p[0], 7.0);
     ASSERT_EQ(slanted.IntersectParameter(pl, &t), 1);
     EXPECT_NEAR(t, 2.5, 1e-15);
     ASSERT_EQ(slanted.Intersect(pl, &p), 1);
     EXPECT_TRUE(p.Equals(ZtLPos3f(1, 1.5, 2), 1e-15));
-    // A line exactly in a tilted plane: the product is not exactly zero, but the angle decides.
     const ZtLLine3f nan(ZtLPos3f(0, 0, 0), ZtLUnitVec3f(std::nan(""), 0, 0));
     EXPECT_EQ(nan.Intersects(pl), 1) << "a NaN product is not zero";
 }
@@ -95,58 +76,37 @@ TEST(ZtLLine3f, PlaneIntersectionTestsOnlyTheAngle) {
 TEST(ZtLLine3f, ClosestPointsAreMutuallyPerpendicularFeet) {
     std::mt19937 gen(2);
     for (int k = 0; k < 200; ++k) {
-        const ZtLLine3f a(RandomPos(gen), RandomDir(gen));
-        const ZtLLine3f b(RandomPos(gen), RandomDir(gen));
+        const ZtLLine3f a(RandomPos(gen), RandomDir(gen)), b(RandomPos(gen), RandomDir(gen));
         ZtLPos3f p, q;
         ASSERT_EQ(a.ClosestPoints(b, &p, &q), 1);
-        const ZtLVec3f gap = q - p;
-        EXPECT_NEAR(gap.Dot(a.GetDirection()), 0.0, 1e-9);
-        EXPECT_NEAR(gap.Dot(b.GetDirection()), 0.0, 1e-9);
-        EXPECT_NEAR(a.DistanceFromLine(p), 0.0, 1e-12);
-        EXPECT_NEAR(b.DistanceFromLine(q), 0.0, 1e-12);
-        double s, t;
-        ASSERT_EQ(a.ClosestPointsParameters(b, &s, &t), 1);
-        EXPECT_TRUE(a.Evaluate(s).Equals(p, 0));
+        EXPECT_NEAR((q - p).Dot(a.GetDirection()), 0.0, 1e-9);
+        EXPECT_NEAR((q - p).Dot(b.GetDirection()), 0.0, 1e-9);
+        EXPECT_NEAR(a.DistanceFromLine(p) + b.DistanceFromLine(q), 0.0, 1e-12);
     }
-    // Both along an axis: the determinant is exactly zero and nothing is written.
+    // Directions along an axis: the determinant is exactly zero and nothing is written.
     const ZtLLine3f x(ZtLPos3f(0, 1, 0), ZtLUnitVec3f(1, 0, 0));
+    const ZtLLine3f back(ZtLPos3f(0, 0, 3), ZtLUnitVec3f(-1, 0, 0));
     double s = 5, t = 6;
-    EXPECT_EQ(x.ClosestPointsParameters(x, &s, &t), 0);
-    EXPECT_EQ(
-        x.ClosestPointsParameters(ZtLLine3f(ZtLPos3f(0, 0, 3), ZtLUnitVec3f(-1, 0, 0)), &s, &t), 0);
-    EXPECT_EQ(s, 5.0);
-    EXPECT_EQ(t, 6.0);
+    EXPECT_EQ(x.ClosestPointsParameters(x, &s, &t) + x.ClosestPointsParameters(back, &s, &t), 0);
+    EXPECT_EQ(s + t, 11.0);
 }
 
 TEST(ZtLLine3f, TwoPlanesGiveTheLineThroughTheDominantCoordinatePlane) {
     ZtLLine3f line;
-    ASSERT_EQ(line.SetValue(ZtLPlane3f(ZtLUnitVec3f(1, 0, 0), 1.0),
-                            ZtLPlane3f(ZtLUnitVec3f(0, 1, 0), 2.0)),
-              1);
-    EXPECT_TRUE(line.GetDirection().Vec().Equals(ZtLVec3f(0, 0, 1), 0));
-    EXPECT_TRUE(line.GetPoint().Equals(ZtLPos3f(1, 2, 0), 0));
-    const ZtLLine3f before = line;
-    EXPECT_EQ(line.SetValue(ZtLPlane3f(ZtLUnitVec3f(1, 0, 0), 1.0),
-                            ZtLPlane3f(ZtLUnitVec3f(-1, 0, 0), 4.0)),
-              0);
-    EXPECT_TRUE(line == before);
-
+    const ZtLPlane3f x1(ZtLUnitVec3f(1, 0, 0), 1.0);
+    ASSERT_EQ(line.SetValue(x1, ZtLPlane3f(ZtLUnitVec3f(0, 1, 0), 2.0)), 1);
+    EXPECT_TRUE(line == ZtLLine3f(ZtLPos3f(1, 2, 0), ZtLUnitVec3f(0, 0, 1)));
+    EXPECT_EQ(line.SetValue(x1, ZtLPlane3f(ZtLUnitVec3f(-1, 0, 0), 4.0)), 0);
+    EXPECT_TRUE(line == ZtLLine3f(ZtLPos3f(1, 2, 0), ZtLUnitVec3f(0, 0, 1))) << "untouched";
     std::mt19937 gen(4);
     for (int k = 0; k < 100; ++k) {
-        const ZtLPlane3f a(RandomDir(gen), 3 * g_u(gen));
-        const ZtLPlane3f b(RandomDir(gen), 3 * g_u(gen));
+        const ZtLPlane3f a(RandomDir(gen), 3 * g_u(gen)), b(RandomDir(gen), 3 * g_u(gen));
         ASSERT_EQ(line.SetValue(a, b), 1);
-        const ZtLVec3f u = a.GetNormal().Cross(b.GetNormal());
-        const int i0 = std::fabs(u[0]) >= std::fabs(u[1]) && std::fabs(u[0]) >= std::fabs(u[2]) ? 0
-                       : std::fabs(u[1]) >= std::fabs(u[2])                                     ? 1
-                                                                                                : 2;
+        const ZtLVec3f u = a.GetNormal().Cross(b.GetNormal()).Abs();
+        const int i0 = u[0] >= u[1] && u[0] >= u[2] ? 0 : u[1] >= u[2] ? 1 : 2;
         EXPECT_EQ(line.GetPoint()[i0], 0.0) << "the point is not projected";
         EXPECT_NEAR(a.DistanceFromPlane(line.GetPoint()), 0.0, 1e-10);
-        EXPECT_NEAR(b.DistanceFromPlane(line.GetPoint()), 0.0, 1e-10);
-        // The same line as the plane's own formula, which projects its point.
-        ZtLLine3f other;
-        ASSERT_TRUE(a.Intersect(b, &other));
-        EXPECT_TRUE(ZtLLine3f(line.GetPoint(), line.GetDirection()).Equals(other, 1e-12, 1e-9));
+        EXPECT_NEAR(b.DistanceFromPlane(line.Evaluate(2)), 0.0, 1e-10);
     }
 }
 
@@ -157,42 +117,30 @@ TEST(ZtLLine3f, TriangleIntersectionAgreesWithAnIndependentTestAwayFromEdges) {
         const ZtLPos3f p0 = RandomPos(gen), p1 = RandomPos(gen), p2 = RandomPos(gen);
         const ZtLLine3f line(RandomPos(gen, 2.0), RandomDir(gen));
         double t, u, v;
-        if (!LineTriangle(line.GetPoint(), line.GetDirection(), p0, p1, p2, &t, &u, &v)) continue;
-        const double w0 = 1 - u - v;
-        const double margin = std::fmin(w0, std::fmin(u, v));
-        if (std::fabs(margin) < 1e-6) continue;  // too near an edge to call
+        LineTriangle(line.GetPoint(), line.GetDirection(), p0, p1, p2, &t, &u, &v);
+        const double margin = std::fmin(1 - u - v, std::fmin(u, v));
+        if (std::fabs(margin) < 1e-6 || !std::isfinite(t) || std::fabs(t) > 1e6) continue;
         ZtLPos3f p(9, 9, 9);
         ZtLVec3f w;
         const int hit = line.Intersect(p0, p1, p2, &p, &w);
         EXPECT_EQ(hit, margin > 0 ? 1 : 0) << k;
         EXPECT_TRUE(p.Equals(line.Evaluate(t), 1e-8)) << "the point is written either way";
         if (hit) {
-            EXPECT_TRUE(w.Equals(ZtLVec3f(w0, u, v), 1e-8));
-            ++inside;
-        } else {
-            ++outside;
+            EXPECT_TRUE(w.Equals(ZtLVec3f(1 - u - v, u, v), 1e-8));
         }
+        ++(hit ? inside : outside);
     }
     EXPECT_GT(inside, 20);
     EXPECT_GT(outside, 20);
-}
 
-TEST(ZtLLine3f, TriangleIntersectionRejectsDegenerateAndParallelCases) {
     const ZtLPos3f p0(0, 0, 0), p1(1, 0, 0), p2(0, 1, 0);
-    const ZtLLine3f down(ZtLPos3f(0.25, 0.25, 5), ZtLUnitVec3f(0, 0, -1));
-    const ZtLLine3f flat(ZtLPos3f(0, 0, 1), ZtLUnitVec3f(1, 1, 0));
+    const ZtLLine3f down(ZtLPos3f(2, 2, 5), ZtLUnitVec3f(0, 0, -1)),
+        flat(p2, ZtLUnitVec3f(1, 1, 0));
     ZtLPos3f p(9, 9, 9);
-    EXPECT_EQ(flat.Intersect(p0, p1, p2, &p, nullptr), 0);
-    EXPECT_EQ(down.Intersect(p0, p0, p2, &p, nullptr), 0);
-    EXPECT_TRUE(p.Equals(ZtLPos3f(9, 9, 9), 0));
-    ASSERT_EQ(down.Intersect(p0, p1, p2, &p, nullptr), 1);
-    EXPECT_TRUE(p.Equals(ZtLPos3f(0.25, 0.25, 0), 1e-15));
-    // The parameter form writes the point, inside or not, and does not check the plane.
-    EXPECT_EQ(down.IntersectParameter(p0, p1, p2, ZtLUnitVec3f(0, 0, 1), 1.0, &p, nullptr), 1);
-    EXPECT_TRUE(p.Equals(ZtLPos3f(0.25, 0.25, -1), 0));
-    const ZtLLine3f aside(ZtLPos3f(2, 2, 5), ZtLUnitVec3f(0, 0, -1));
-    EXPECT_EQ(aside.IntersectParameter(p0, p1, p2, ZtLUnitVec3f(0, 0, 1), 0.0, &p, nullptr), 0);
-    EXPECT_TRUE(p.Equals(ZtLPos3f(2, 2, 0), 0));
+    EXPECT_EQ(flat.Intersect(p0, p1, p2, &p, nullptr) + down.Intersect(p0, p0, p2, &p, nullptr), 0);
+    EXPECT_EQ(p[0], 9.0) << "parallel or degenerate: untouched";
+    EXPECT_EQ(down.IntersectParameter(p0, p1, p2, ZtLUnitVec3f(0, 0, 1), 1.0, &p, nullptr), 0);
+    EXPECT_TRUE(p.Equals(ZtLPos3f(2, 2, -1), 0)) << "the parameter form always writes";
 }
 
 TEST(ZtLLine3f, MappedPathsContainTheMappedPoints) {
@@ -201,14 +149,14 @@ TEST(ZtLLine3f, MappedPathsContainTheMappedPoints) {
         const ZtLLine3f line(RandomPos(gen), RandomDir(gen));
         const ZtLRay3f ray(RandomPos(gen), RandomDir(gen));
         const ZtLSegment3f seg(RandomPos(gen), RandomPos(gen));
-        const ZtLMatrix3f m = RandomMatrix(gen);
-        const ZtLAffine3f a(RandomMatrix(gen), RandomPos(gen).Vec());
-        ZtLMatrix4f h(RandomMatrix(gen), RandomPos(gen, 1.0).Vec());
+        const ZtLMatrix3f m(ZtLRotation3f(RandomDir(gen), 2.0 * g_u(gen)));
+        const ZtLAffine3f a(m * ZtLMatrix3f(2, 0, 0, 0.5, 1, 0, 0, 0, 3), RandomPos(gen).Vec());
+        ZtLMatrix4f h(a.GetLinear(), a.GetTranslation());
         for (int i = 0; i < 3; ++i) h[i][3] = 0.01 * g_u(gen);
         const ZtLTransform3f x(h);
         const ZtLLine3f lines[4] = {line.TransformedBy(m), line.TransformedBy(a),
                                     line.TransformedBy(h), line.TransformedBy(x)};
-        for (double t : {-2.0, 0.5, 3.0}) {
+        for (double t : {-2.0, 3.0}) {
             const ZtLPos3f p = line.Evaluate(t);
             EXPECT_NEAR(lines[0].DistanceFromLine(p * m), 0.0, 1e-9);
             EXPECT_NEAR(lines[1].DistanceFromLine(p * a), 0.0, 1e-9);
@@ -217,31 +165,18 @@ TEST(ZtLLine3f, MappedPathsContainTheMappedPoints) {
         }
         for (const ZtLLine3f& l : lines)
             EXPECT_NEAR(l.GetPoint().Vec().Dot(l.GetDirection()), 0.0, 1e-12);
-        const ZtLRay3f r = ray.TransformedBy(a);
-        EXPECT_TRUE(r.GetStart().Equals(ray.GetStart() * a, 0));
-        EXPECT_GT(
-            r.GetDirection().Dot((ray.GetStart() + ray.GetDirection().Vec()) * a - r.GetStart()),
-            0.0);
         EXPECT_TRUE(seg.TransformedBy(x) == ZtLSegment3f(seg.GetStart() * x, seg.GetEnd() * x));
-        // In place equals copying.
         ZtLLine3f l2 = line;
         l2.Transform(h);
         EXPECT_TRUE(l2 == lines[2]);
         ZtLRay3f r2 = ray;
-        r2.Transform(x);
-        EXPECT_TRUE(r2 == ray.TransformedBy(x));
-        ZtLSegment3f s2 = seg;
-        s2.Transform(m);
-        EXPECT_TRUE(s2 == seg.TransformedBy(m));
+        r2.Rotate(m);
+        EXPECT_TRUE(r2 == ray.TransformedBy(m));
     }
-    // Rotation keeps the direction unnormalised and maps the foot.
-    const ZtLMatrix3f r(ZtLRotation3f(ZtLUnitVec3f(0, 0, 1), std::atan(1.0) * 2));
     ZtLLine3f line(ZtLPos3f(1, 0, 0), ZtLUnitVec3f(0, 0, 1));
-    const ZtLLine3f turned = line.RotatedBy(r);
-    EXPECT_TRUE(turned.GetPoint().Equals(ZtLPos3f(0, 1, 0), 1e-15));
-    ZtLLine3f inPlace = line;
-    inPlace.Rotate(r);
-    EXPECT_TRUE(inPlace == turned);
+    EXPECT_TRUE(line.RotatedBy(ZtLMatrix3f(0, 1, 0, -1, 0, 0, 0, 0, 1))
+                    .GetPoint()
+                    .Equals(ZtLPos3f(0, 1, 0), 0));
     ZtLMatrix3f s;
     s.MakeUniformScale(2);
     EXPECT_EQ(line.RotatedBy(s).GetDirection()[2], 2.0) << "RotatedBy does not normalise";
@@ -257,8 +192,9 @@ TEST(ZtLRay3f, PlaneIntersectionStartsAtZeroAndWritesNegativeParameters) {
     };
     const Case cases[] = {
         {ZtLRay3f(ZtLPos3f(0, 0, 1), ZtLUnitVec3f(0, 0, 1)), true, 0.0},  // starts on it
-        {ZtLRay3f(ZtLPos3f(0, 0, 3), ZtLUnitVec3f(0, 0, -1)), true, 2.0},
+        {ZtLRay3f(ZtLPos3f(0, 0, 3), ZtLPos3f(0, 0, 2)), true, 2.0},
         {ZtLRay3f(ZtLPos3f(0, 0, 3), ZtLUnitVec3f(0, 0, 1)), false, -2.0},  // pointing away
+        {ZtLRay3f(ZtLPos3f(0, 0, 3), ZtLUnitVec3f(1, 0, 0)), false, 99.0},  // parallel
     };
     for (const Case& c : cases) {
         double t = 99;
@@ -268,19 +204,6 @@ TEST(ZtLRay3f, PlaneIntersectionStartsAtZeroAndWritesNegativeParameters) {
         EXPECT_EQ(c.ray.Intersect(pl, &p), c.hit);
         EXPECT_EQ(p[2], c.hit ? 1.0 : 9.0);
     }
-    double t = 99;
-    EXPECT_FALSE(ZtLRay3f(ZtLPos3f(0, 0, 0), ZtLUnitVec3f(1, 0, 0)).IntersectParameter(pl, &t));
-    EXPECT_EQ(t, 99.0) << "parallel: untouched";
-
-    const ZtLRay3f ray(ZtLPos3f(1, 2, 3), ZtLPos3f(1, 2, 5));
-    EXPECT_TRUE(ray.GetDirection().Vec().Equals(ZtLVec3f(0, 0, 1), 0));
-    EXPECT_TRUE(ray.Opposite() == ZtLRay3f(ZtLPos3f(1, 2, 3), ZtLUnitVec3f(0, 0, -1)));
-    ZtLRay3f moved = ray;
-    moved.Translate(ZtLVec3f(1, 1, 1));
-    EXPECT_TRUE(moved.GetStart().Equals(ZtLPos3f(2, 3, 4), 0));
-    EXPECT_TRUE(ray.Equals(moved, 0, 1.7321));
-    EXPECT_FALSE(ray.Equals(moved, 0, 1.7));
-    EXPECT_FALSE(ray.Equals(ray.Opposite(), 1.9, 0));
 }
 
 TEST(ZtLSegment3f, PlaneIntersectionIncludesBothEndsAndExcludesTheSegmentInThePlane) {
@@ -291,7 +214,7 @@ TEST(ZtLSegment3f, PlaneIntersectionIncludesBothEndsAndExcludesTheSegmentInThePl
     };
     const Case cases[] = {
         {ZtLSegment3f(ZtLPos3f(0, 0, 0), ZtLPos3f(0, 0, 1)), true},  // ends on it: t = 1
-        {ZtLSegment3f(ZtLPos3f(0, 0, 1), ZtLPos3f(0, 0, 4)), true},  // starts on it
+        {ZtLSegment3f(ZtLPos3f(0, 0, 1), ZtLPos3f(0, 0, 4)), true},
         {ZtLSegment3f(ZtLPos3f(0, 0, 0), ZtLPos3f(0, 0, 0.999)), false},
         {ZtLSegment3f(ZtLPos3f(0, 0, 1), ZtLPos3f(5, 0, 1)), false},  // in the plane
     };
@@ -303,13 +226,7 @@ TEST(ZtLSegment3f, PlaneIntersectionIncludesBothEndsAndExcludesTheSegmentInThePl
     const ZtLSegment3f s(ZtLPos3f(1, 0, 0), ZtLPos3f(1, 10, 0));
     EXPECT_EQ(s.ClosestPointParameter(s.GetEnd()), 10.0) << "a length, not a fraction";
     EXPECT_EQ(s.ClosestPointParameter(ZtLPos3f(4, 20, 0)), 20.0) << "not clamped";
-    EXPECT_TRUE(ZtLSegment3f(s.GetStart(), s.GetStart()).GetDirection().IsZero());
-    EXPECT_TRUE(s.Opposite() == ZtLSegment3f(s.GetEnd(), s.GetStart()));
     const ZtLSegment3f nearEnds(ZtLPos3f(50, 0, 0), s.GetEnd());
     EXPECT_EQ(s.Equals(nearEnds, 0, 100), 1) << "ends exact, starts loose";
     EXPECT_EQ(nearEnds.Equals(s, 100, 0), 0) << "the first tolerance is the ends'";
-    EXPECT_TRUE(s.TranslatedBy(ZtLVec3f(0, 0, 1)).GetEnd().Equals(ZtLPos3f(1, 10, 1), 0));
-    ZtLSegment3f r = s;
-    r.Rotate(ZtLMatrix3f(0, 1, 0, -1, 0, 0, 0, 0, 1));
-    EXPECT_TRUE(r == ZtLSegment3f(ZtLPos3f(0, 1, 0), ZtLPos3f(-10, 1, 0)));
 }

@@ -1,5 +1,6 @@
 #include <ztlinear/ZtLNewellMethod2f.h>
 #include <ztlinear/ZtLNewellMethod3f.h>
+#include <ztlinear/ZtLPlane3f.h>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,11 @@ TEST(ZtLNewellMethodTest, RegularPolygonsOfManySizesAndOrientations) {
             for (int k = n; k >= 0; --k) cw.AddPoint(pts[k % n]);  // clockwise, closed
             EXPECT_NEAR(ccw.ComputeArea(), area, tol) << n;
             EXPECT_NEAR(cw.ComputeArea(), area, tol) << n;
+            const ZtLPlane3f up = ccw.ComputePlane(), down = cw.ComputePlane();
+            EXPECT_LT(1.0 - up.GetNormal().Dot(normal), 1e-12) << n;
+            EXPECT_LT(1.0 + down.GetNormal().Dot(normal), 1e-12) << n;
+            EXPECT_NEAR(up.GetDistance(), normal.Dot(c.Vec()), 1e-9) << n;
+            EXPECT_NEAR(down.GetDistance(), -normal.Dot(c.Vec()), 1e-9) << n;
             EXPECT_NEAR(flat.ComputeCross(), 2.0 * area, tol) << n;
             EXPECT_NEAR(flatCw.ComputeCross(), -2.0 * area, tol) << n;
             EXPECT_NEAR(flatCw.ComputeArea(), area, tol) << n;
@@ -46,12 +52,18 @@ TEST(ZtLNewellMethodTest, DegenerateInputAndTheCountRule) {
     EXPECT_EQ(m.AddPoint(0, 0, 0), 1);
     EXPECT_EQ(m.AddPoint(1, 0, 0), 2);
     EXPECT_EQ(m.ComputeArea(), 0.0);
+    const ZtLPlane3f two = m.ComputePlane();  // too few points: z = 0
+    EXPECT_EQ(two.GetNormal().GetZ(), 1.0);
+    EXPECT_EQ(two.GetDistance(), 0.0);
     EXPECT_EQ(m.AddPoint(2, 0, 0), 3);  // collinear: nothing accumulated
     EXPECT_EQ(m.ComputeArea(), 0.0);
+    EXPECT_TRUE(m.ComputePlane().GetNormal().IsZero());
     EXPECT_EQ(m.AddPoints(nullptr, 0), 0);  // not the count, and nothing added
-    ZtLPos3f square[] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+    ZtLPos3f square[] = {{0, 0, 3}, {1, 0, 3}, {1, 1, 3}, {0, 1, 3}};
     m.Reset();
     EXPECT_EQ(m.AddPoints(square, 4), 4);
+    EXPECT_EQ(m.ComputePlane().GetNormal().GetZ(), 1.0);
+    EXPECT_EQ(m.ComputePlane().GetDistance(), 3.0);
     EXPECT_EQ(m.AddPoint(square[3]), 5);  // a repeated point counts but adds nothing
     EXPECT_EQ(m.ComputeArea(), 1.0);
 

@@ -13,7 +13,9 @@
 //
 // Planes: the six bounding planes face into the volume, so a point inside has a non-negative
 // signed distance from each. GetPlanes gives them in the fixed order left, right, top, bottom,
-// near, far (index 4 is the near plane; the pick frustum relies on it).
+// near, far (index 4 is the near plane; the pick frustum relies on it). A perspective side plane
+// whose face has no area (a near rectangle narrowed to a line) is the null plane, normal
+// (0, 0, 0) and distance 0, on which every point lies.
 //
 // Corners: near bottom-left, near bottom-right, near top-left, near top-right, then the far ones
 // in the same order. A far corner is its near corner carried onto the far plane along its sight

@@ -1,5 +1,7 @@
 #include <ztlinear/ZtLFunction.h>
 
+#include "detail/ZtLNumericDerivative.h"
+
 ZtLFunction::~ZtLFunction() = default;
 
 ZtLFunctionWithDerivative::~ZtLFunctionWithDerivative() = default;
@@ -22,13 +24,7 @@ int ZtLFunctionDerivative::Values(double t, double* value, double* derivative) {
 }
 
 int ZtLFunctionDerivative::DerivativeInternal(double t, double* derivative) {
-    const double h = (t + 1e-9) - t;
-    double forward;
-    if (!m_function->Value(t + h, &forward)) return 0;
-    double backward;
-    if (!m_function->Value(t - h, &backward)) return 0;
-    *derivative = (forward - backward) / (h + h);
-    return 1;
+    return ztl_detail::CentralDifference<double>(*m_function, t, derivative);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -54,16 +50,5 @@ int ZtLBoundedFunctionDerivative::Values(double t, double* value, double* deriva
 }
 
 int ZtLBoundedFunctionDerivative::DerivativeInternal(double t, double* derivative) {
-    const double h = (t + 1e-9) - t;
-    double hp = h;
-    double hm = h;
-    if (t + h > m_upper) hp = 0.0;
-    if (m_lower > t - h) hm = 0.0;
-    if (hp == 0.0 && hm == 0.0) return 0;
-    double forward;
-    if (!m_function->Value(t + hp, &forward)) return 0;
-    double backward;
-    if (!m_function->Value(t - hm, &backward)) return 0;
-    *derivative = (forward - backward) / (hm + hp);
-    return 1;
+    return ztl_detail::BoundedDifference<double>(*m_function, t, m_lower, m_upper, derivative);
 }

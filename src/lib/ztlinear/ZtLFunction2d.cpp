@@ -1,5 +1,7 @@
 #include <ztlinear/ZtLFunction2d.h>
 
+#include "detail/ZtLNumericDerivative.h"
+
 ZtLFunction2d::~ZtLFunction2d() = default;
 
 ZtLFunctionWithDerivative2d::~ZtLFunctionWithDerivative2d() = default;
@@ -24,13 +26,7 @@ int ZtLFunctionDerivative2d::Values(double t, ZtLPos2f* value, ZtLVec2f* derivat
 }
 
 int ZtLFunctionDerivative2d::DerivativeInternal(double t, ZtLVec2f* derivative) {
-    const double h = (t + 1e-9) - t;
-    ZtLPos2f forward;
-    if (!m_function->Value(t + h, &forward)) return 0;
-    ZtLPos2f backward;
-    if (!m_function->Value(t - h, &backward)) return 0;
-    *derivative = forward.Subtract(backward).Divide(h + h);
-    return 1;
+    return ztl_detail::CentralDifference<ZtLPos2f>(*m_function, t, derivative);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -56,16 +52,5 @@ int ZtLBoundedFunctionDerivative2d::Values(double t, ZtLPos2f* value, ZtLVec2f* 
 }
 
 int ZtLBoundedFunctionDerivative2d::DerivativeInternal(double t, ZtLVec2f* derivative) {
-    const double h = (t + 1e-9) - t;
-    double hp = h;
-    double hm = h;
-    if (t + h > m_upper) hp = 0.0;
-    if (m_lower > t - h) hm = 0.0;
-    if (hp == 0.0 && hm == 0.0) return 0;
-    ZtLPos2f forward;
-    if (!m_function->Value(t + hp, &forward)) return 0;
-    ZtLPos2f backward;
-    if (!m_function->Value(t - hm, &backward)) return 0;
-    *derivative = forward.Subtract(backward).Divide(hm + hp);
-    return 1;
+    return ztl_detail::BoundedDifference<ZtLPos2f>(*m_function, t, m_lower, m_upper, derivative);
 }

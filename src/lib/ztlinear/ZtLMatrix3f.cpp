@@ -10,76 +10,9 @@
 
 #include <cmath>
 
+#include "detail/ZtLCroutLU.h"
+
 namespace {
-
-// Crout LU decomposition with implicit partial pivoting, in place: each row is weighed by the
-// reciprocal of its largest magnitude when choosing pivots (ties go to the later row). Returns
-// false when a row is all zero or a pivot is exactly zero; no tiny substitute is used.
-bool DecomposeLU(double a[3][3], int perm[3]) noexcept {
-    double weight[3];
-    for (int i = 0; i < 3; ++i) {
-        double big = 0.0;
-        for (int j = 0; j < 3; ++j) {
-            const double v = std::fabs(a[i][j]);
-            if (v > big) big = v;
-        }
-        if (big == 0.0) return false;
-        weight[i] = 1.0 / big;
-    }
-    for (int j = 0; j < 3; ++j) {
-        for (int i = 0; i < j; ++i) {
-            double sum = a[i][j];
-            for (int k = 0; k < i; ++k) sum -= a[i][k] * a[k][j];
-            a[i][j] = sum;
-        }
-        double big = 0.0;
-        int pivot = j;
-        for (int i = j; i < 3; ++i) {
-            double sum = a[i][j];
-            for (int k = 0; k < j; ++k) sum -= a[i][k] * a[k][j];
-            a[i][j] = sum;
-            const double merit = weight[i] * std::fabs(sum);
-            if (merit >= big) {
-                big = merit;
-                pivot = i;
-            }
-        }
-        if (pivot != j) {
-            for (int k = 0; k < 3; ++k) {
-                const double t = a[pivot][k];
-                a[pivot][k] = a[j][k];
-                a[j][k] = t;
-            }
-            weight[pivot] = weight[j];
-        }
-        perm[j] = pivot;
-        if (a[j][j] == 0.0) return false;
-        for (int i = j + 1; i < 3; ++i) a[i][j] /= a[j][j];
-    }
-    return true;
-}
-
-// Solves L U x = b in place for a decomposition of DecomposeLU: forward substitution with the
-// row permutation, starting at the first non-zero entry of b, then back substitution.
-void SolveLU(const double a[3][3], const int perm[3], double b[3]) noexcept {
-    int first = -1;
-    for (int i = 0; i < 3; ++i) {
-        const int p = perm[i];
-        double sum = b[p];
-        b[p] = b[i];
-        if (first >= 0) {
-            for (int j = first; j < i; ++j) sum -= a[i][j] * b[j];
-        } else if (sum != 0.0) {
-            first = i;
-        }
-        b[i] = sum;
-    }
-    for (int i = 2; i >= 0; --i) {
-        double sum = b[i];
-        for (int j = i + 1; j < 3; ++j) sum -= a[i][j] * b[j];
-        b[i] = sum / a[i][i];
-    }
-}
 
 // One Jacobi rotation of the pair (a[i][j], a[k][l]).
 inline void Rotate(double a[3][3], int i, int j, int k, int l, double s, double tau) noexcept {
@@ -152,7 +85,7 @@ ZtLMatrix3f ZtLMatrix3f::Inverse() const noexcept {
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j) lu[i][j] = m[i][j];
     int perm[3];
-    if (!DecomposeLU(lu, perm)) {
+    if (!ztl_detail::DecomposeLU(lu, perm)) {
         ZtUError::Post(ZtUSysError::Error, ZtLMatrix::GetComponent(), 2,
                        const_cast<ZtLMatrix3f*>(this), "Singular Matrix");
         return inv;
@@ -160,7 +93,7 @@ ZtLMatrix3f ZtLMatrix3f::Inverse() const noexcept {
     for (int k = 0; k < 3; ++k) {
         double col[3] = {0.0, 0.0, 0.0};
         col[k] = 1.0;
-        SolveLU(lu, perm, col);
+        ztl_detail::SolveLU(lu, perm, col);
         for (int i = 0; i < 3; ++i) inv.m[i][k] = col[i];
     }
     return inv;

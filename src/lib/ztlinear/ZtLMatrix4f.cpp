@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+#include "detail/ZtLCroutLU.h"
+
 namespace {
 
 // Inverts an affine matrix through the cofactors of its 3x3 block. The positive and the
@@ -47,75 +49,6 @@ bool InvertAffine(const double (&m)[4][4], double (&inv)[4][4]) {
         inv[3][j] = -(m[3][0] * l[0][j] + m[3][1] * l[1][j] + m[3][2] * l[2][j]);
     inv[3][3] = 1.0;
     return true;
-}
-
-// Crout's LU decomposition in place with implicit partial pivoting: each row is weighed by the
-// reciprocal of its largest absolute entry, and among equal candidates the later row is the
-// pivot. Returns false for a singular matrix (a zero row or an exactly zero pivot).
-bool DecomposeLU(double (&a)[4][4], int (&perm)[4]) {
-    double weight[4];
-    for (int i = 0; i < 4; ++i) {
-        double big = 0.0;
-        for (int j = 0; j < 4; ++j) {
-            const double v = std::fabs(a[i][j]);
-            if (v > big) big = v;
-        }
-        if (big == 0.0) return false;
-        weight[i] = 1.0 / big;
-    }
-    for (int j = 0; j < 4; ++j) {
-        for (int i = 0; i < j; ++i) {
-            double sum = a[i][j];
-            for (int k = 0; k < i; ++k) sum -= a[i][k] * a[k][j];
-            a[i][j] = sum;
-        }
-        double big = 0.0;
-        int pivot = j;
-        for (int i = j; i < 4; ++i) {
-            double sum = a[i][j];
-            for (int k = 0; k < j; ++k) sum -= a[i][k] * a[k][j];
-            a[i][j] = sum;
-            const double merit = weight[i] * std::fabs(sum);
-            if (merit >= big) {
-                big = merit;
-                pivot = i;
-            }
-        }
-        if (pivot != j) {
-            for (int k = 0; k < 4; ++k) {
-                const double t = a[pivot][k];
-                a[pivot][k] = a[j][k];
-                a[j][k] = t;
-            }
-            weight[pivot] = weight[j];
-        }
-        perm[j] = pivot;
-        if (a[j][j] == 0.0) return false;
-        for (int i = j + 1; i < 4; ++i) a[i][j] /= a[j][j];
-    }
-    return true;
-}
-
-// Solves L.U.x = b in place for a decomposition from DecomposeLU. The forward pass starts at the
-// first non-zero entry of the permuted right-hand side.
-void SolveLU(const double (&a)[4][4], const int (&perm)[4], double (&b)[4]) {
-    int first = -1;
-    for (int i = 0; i < 4; ++i) {
-        const int p = perm[i];
-        double sum = b[p];
-        b[p] = b[i];
-        if (first >= 0) {
-            for (int j = first; j < i; ++j) sum -= a[i][j] * b[j];
-        } else if (sum != 0.0) {
-            first = i;
-        }
-        b[i] = sum;
-    }
-    for (int i = 3; i >= 0; --i) {
-        double sum = b[i];
-        for (int j = i + 1; j < 4; ++j) sum -= a[i][j] * b[j];
-        b[i] = sum / a[i][i];
-    }
 }
 
 }  // namespace
@@ -193,7 +126,7 @@ ZtLMatrix4f ZtLMatrix4f::Inverse() const noexcept {
     for (int i = 0; i < 4; ++i)
         for (int j = 0; j < 4; ++j) lu[i][j] = m[i][j];
     int perm[4];
-    if (!DecomposeLU(lu, perm)) {
+    if (!ztl_detail::DecomposeLU(lu, perm)) {
         ZtUError::Post(ZtUSysError::Error, ZtLMatrix::GetComponent(), 3,
                        const_cast<ZtLMatrix4f*>(this), "Singular Matrix");
         return result;
@@ -201,7 +134,7 @@ ZtLMatrix4f ZtLMatrix4f::Inverse() const noexcept {
     for (int k = 0; k < 4; ++k) {
         double col[4] = {0.0, 0.0, 0.0, 0.0};
         col[k] = 1.0;
-        SolveLU(lu, perm, col);
+        ztl_detail::SolveLU(lu, perm, col);
         for (int i = 0; i < 4; ++i) result.m[i][k] = col[i];
     }
     return result;

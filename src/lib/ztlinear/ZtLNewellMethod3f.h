@@ -2,12 +2,13 @@
 #define ZTLINEAR_ZTLNEWELLMETHOD3F_H
 
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLPlane3f.h>
 #include <ztlinear/ZtLVec3f.h>
 
 #include <cstdint>
 
 // Newell's method over a polygon streamed one vertex at a time, without keeping the vertices:
-// the polygon's area (and, with the plane type, its plane with a robust averaged normal).
+// the polygon's plane with a robust averaged normal, and its area.
 //
 // The accumulated vector is a fan of triangles from the first vertex: each vertex p after the
 // second adds (last - first) x (p - first). Once the outline is complete the sum is twice the
@@ -37,6 +38,11 @@ public:
     // returns 0, whatever was added before.
     int AddPoints(ZtLPos3f* const pts, int n) noexcept;
 
+    // The polygon's plane: the normalised sum as normal (right-hand rule: counter-clockwise seen
+    // from the positive side), through the first vertex. With fewer than three vertices, the
+    // plane z = 0 with normal (0, 0, 1). A zero sum (collinear or self-cancelling outlines) gives
+    // the zero normal that normalising a zero vector gives.
+    ZtLPlane3f ComputePlane() const noexcept;
     // The polygon's area: half the length of the sum; 0 for fewer than three vertices.
     double ComputeArea() const noexcept;
 

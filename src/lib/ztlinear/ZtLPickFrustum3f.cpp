@@ -291,6 +291,8 @@ ZtLPickFrustum3f::PolyStatus ZtLPickFrustum3f::FindPolygon(ZtLPickFrustumContext
         ring.head = added;
     }
 
+    // A triangle that no tested plane cuts is Inside with storage as without: its ring is the
+    // triangle itself.
     const PolyStatus status = clipped ? Partial : Inside;
     if (!(context->options & ZtLPickEnum::UseNearLimit)) return status;
     // Only polygons that reach nearer than the limit are kept.
@@ -552,6 +554,7 @@ void ZtLPickFrustum3f::Translate(const ZtLVec3f& t) noexcept {
 
 void ZtLPickFrustum3f::Rotate(const ZtLMatrix3f& m) noexcept {
     for (int i = 0; i < m_numPlanes; ++i) m_planes[i].Rotate(m);
+    // The eye turns with the planes and the centre line: a row vector, origin . m.
     if (m_hasOrigin) m_origin = m_origin * m;
     m_centreLine.Rotate(m);
 }
