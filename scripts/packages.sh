@@ -11,7 +11,8 @@ ZT_LANE_WINDOWS_PACKAGES=(g++-mingw-w64-i686-posix wine wine32:i386)
 # The Windows lane falls back to 64-bit Windows when Wine's 32-bit part cannot be installed.
 ZT_LANE_WINDOWS64_PACKAGES=(g++-mingw-w64-x86-64-posix wine wine64)
 # What scripts/build-deps.sh builds the target dependencies from: GoogleTest's sources
-# (/usr/src/googletest), pugixml's Debian source package (apt-get source) and xxHash's header.
+# (/usr/src/googletest), the Debian source packages of pugixml and tinyobjloader (apt-get source)
+# and xxHash's header.
 ZT_DEPS_SOURCE_PACKAGES=(dpkg-dev googletest libxxhash-dev)
 
 # The benchmarks (bench/compare): Google Benchmark, and the peer libraries they are compared with.
