@@ -1,7 +1,7 @@
 #include <ztlinear/ZtLColor3f.h>
 
-#include "detail/ZtLOptionSupport.h"
-#include "detail/ZtLRecordSupport.h"
+#include <ztlinear_detail/ZtLOptionSupport.h>
+#include <ztlinear_detail/ZtLRecordSupport.h>
 
 namespace {
 const char* const kColorNames[3] = {"red", "green", "blue"};

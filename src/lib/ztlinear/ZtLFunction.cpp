@@ -1,6 +1,6 @@
 #include <ztlinear/ZtLFunction.h>
 
-#include "detail/ZtLNumericDerivative.h"
+#include <ztlinear_detail/ZtLNumericDerivative.h>
 
 ZtLFunction::~ZtLFunction() = default;
 

@@ -1,6 +1,6 @@
 #include <ztlinear/ZtLFunction2d.h>
 
-#include "detail/ZtLNumericDerivative.h"
+#include <ztlinear_detail/ZtLNumericDerivative.h>
 
 ZtLFunction2d::~ZtLFunction2d() = default;
 

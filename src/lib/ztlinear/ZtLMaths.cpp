@@ -1,6 +1,6 @@
 #include <ztlinear/ZtLMaths.h>
 
-#include "detail/ZtLComponentSupport.h"
+#include <ztlinear_detail/ZtLComponentSupport.h>
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include <ztlinear/ZtLMatrix.h>
 
-#include "detail/ZtLComponentSupport.h"
+#include <ztlinear_detail/ZtLComponentSupport.h>
 
 namespace {
 ZtUComponent g_record;

@@ -10,7 +10,7 @@
 
 #include <cmath>
 
-#include "detail/ZtLCroutLU.h"
+#include <ztlinear_detail/ZtLCroutLU.h>
 
 namespace {
 

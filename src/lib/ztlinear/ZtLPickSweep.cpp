@@ -1,7 +1,7 @@
 #include <ztlinear/ZtLMaths.h>
 #include <ztlinear/ZtLPickSweep.h>
 
-#include "detail/ZtLComponentSupport.h"
+#include <ztlinear_detail/ZtLComponentSupport.h>
 
 namespace {
 ZtUComponent g_record;

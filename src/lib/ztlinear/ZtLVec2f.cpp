@@ -2,8 +2,8 @@
 
 #include <ztutil/ZtUChecksum.h>
 
-#include "detail/ZtLOptionSupport.h"
-#include "detail/ZtLRecordSupport.h"
+#include <ztlinear_detail/ZtLOptionSupport.h>
+#include <ztlinear_detail/ZtLRecordSupport.h>
 
 #include <cmath>
 

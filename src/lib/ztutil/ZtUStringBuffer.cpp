@@ -73,7 +73,10 @@ void AppendUtf8(Out& out, const char* text, long maxUnits) {
             ++i;
             continue;
         }
-        const int extra = (c & 0xE0) == 0xC0 ? 1 : (c & 0xF0) == 0xE0 ? 2 : (c & 0xF8) == 0xF0 ? 3 : -1;
+        const int extra = (c & 0xE0) == 0xC0   ? 1
+                          : (c & 0xF0) == 0xE0 ? 2
+                          : (c & 0xF8) == 0xF0 ? 3
+                                               : -1;
         if (extra < 0 || i + extra >= n) {
             AppendCodePoint(out, 0xFFFD);
             ++i;
@@ -100,21 +103,22 @@ void AppendUtf8(Out& out, const char* text, long maxUnits) {
 
 void AppendAscii(std::string& out, const char* text, std::size_t n) { out.append(text, n); }
 void AppendAscii(std::wstring& out, const char* text, std::size_t n) {
-    for (std::size_t i = 0; i < n; ++i) out += static_cast<wchar_t>(static_cast<unsigned char>(text[i]));
+    for (std::size_t i = 0; i < n; ++i)
+        out += static_cast<wchar_t>(static_cast<unsigned char>(text[i]));
 }
 
 // Formats one numeric conversion with the C library and appends it.
 template <typename Out, typename T>
-void AppendNumber(Out& out, const std::string& spec, T value) {
+void AppendNumber(Out& out, const std::string& conversion, T value) {
     char small[128];
-    const int n = std::snprintf(small, sizeof small, spec.c_str(), value);
+    const int n = std::snprintf(small, sizeof small, conversion.c_str(), value);
     if (n < 0) return;
     if (static_cast<std::size_t>(n) < sizeof small) {
         AppendAscii(out, small, static_cast<std::size_t>(n));
         return;
     }
     std::vector<char> big(static_cast<std::size_t>(n) + 1);
-    std::snprintf(big.data(), big.size(), spec.c_str(), value);
+    std::snprintf(big.data(), big.size(), conversion.c_str(), value);
     AppendAscii(out, big.data(), static_cast<std::size_t>(n));
 }
 
@@ -144,18 +148,18 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             ++f;
             continue;
         }
-        std::string spec = "%";
+        std::string conversion = "%";
         bool left = false;
         while (*f == '-' || *f == '+' || *f == ' ' || *f == '#' || *f == '0') {
             if (*f == '-') left = true;
-            spec += static_cast<char>(*f++);
+            conversion += static_cast<char>(*f++);
         }
         long width = -1;
         if (*f == '*') {
             width = va_arg(args, int);
             if (width < 0) {
                 left = true;
-                spec += '-';
+                conversion += '-';
                 width = -width;
             }
             ++f;
@@ -163,7 +167,7 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             width = 0;
             while (*f >= '0' && *f <= '9') width = width * 10 + (*f++ - '0');
         }
-        if (width >= 0) spec += std::to_string(width);
+        if (width >= 0) conversion += std::to_string(width);
         long precision = -1;
         if (*f == '.') {
             ++f;
@@ -174,7 +178,7 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             } else {
                 while (*f >= '0' && *f <= '9') precision = precision * 10 + (*f++ - '0');
             }
-            if (precision >= 0) spec += "." + std::to_string(precision);
+            if (precision >= 0) conversion += "." + std::to_string(precision);
         }
         std::string length;
         while (*f == 'h' || *f == 'l' || *f == 'L' || *f == 'z' || *f == 'j' || *f == 't' ||
@@ -183,7 +187,8 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
         }
         const char conv = static_cast<char>(*f);
         if (conv == 0) {  // a dangling '%': keep it as text
-            for (const Ch* p = convStart; p != f; ++p) out += static_cast<typename Out::value_type>(*p);
+            for (const Ch* p = convStart; p != f; ++p)
+                out += static_cast<typename Out::value_type>(*p);
             break;
         }
         ++f;
@@ -192,40 +197,48 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             case 'd':
             case 'i':
                 if (length == "ll" || length == "q")
-                    AppendNumber(out, spec + "ll" + conv, va_arg(args, long long));
+                    AppendNumber(out, conversion + "ll" + conv, va_arg(args, long long));
                 else if (length == "l")
-                    AppendNumber(out, spec + "l" + conv, va_arg(args, long));
+                    AppendNumber(out, conversion + "l" + conv, va_arg(args, long));
                 else if (length == "z" || length == "t")
-                    AppendNumber(out, spec + "lld", static_cast<long long>(va_arg(args, std::ptrdiff_t)));
+                    AppendNumber(out, conversion + "lld",
+                                 static_cast<long long>(va_arg(args, std::ptrdiff_t)));
                 else if (length == "j")
-                    AppendNumber(out, spec + "lld", static_cast<long long>(va_arg(args, std::intmax_t)));
+                    AppendNumber(out, conversion + "lld",
+                                 static_cast<long long>(va_arg(args, std::intmax_t)));
                 else if (length == "hh")
-                    AppendNumber(out, spec + conv, static_cast<int>(static_cast<signed char>(va_arg(args, int))));
+                    AppendNumber(out, conversion + conv,
+                                 static_cast<int>(static_cast<signed char>(va_arg(args, int))));
                 else if (length == "h")
-                    AppendNumber(out, spec + conv, static_cast<int>(static_cast<short>(va_arg(args, int))));
+                    AppendNumber(out, conversion + conv,
+                                 static_cast<int>(static_cast<short>(va_arg(args, int))));
                 else
-                    AppendNumber(out, spec + conv, va_arg(args, int));
+                    AppendNumber(out, conversion + conv, va_arg(args, int));
                 break;
             case 'u':
             case 'o':
             case 'x':
             case 'X':
                 if (length == "ll" || length == "q")
-                    AppendNumber(out, spec + "ll" + conv, va_arg(args, unsigned long long));
+                    AppendNumber(out, conversion + "ll" + conv, va_arg(args, unsigned long long));
                 else if (length == "l")
-                    AppendNumber(out, spec + "l" + conv, va_arg(args, unsigned long));
+                    AppendNumber(out, conversion + "l" + conv, va_arg(args, unsigned long));
                 else if (length == "z" || length == "t")
-                    AppendNumber(out, spec + "ll" + conv,
+                    AppendNumber(out, conversion + "ll" + conv,
                                  static_cast<unsigned long long>(va_arg(args, std::size_t)));
                 else if (length == "j")
-                    AppendNumber(out, spec + "ll" + conv,
+                    AppendNumber(out, conversion + "ll" + conv,
                                  static_cast<unsigned long long>(va_arg(args, std::uintmax_t)));
                 else if (length == "hh")
-                    AppendNumber(out, spec + conv, static_cast<unsigned>(static_cast<unsigned char>(va_arg(args, unsigned))));
+                    AppendNumber(
+                        out, conversion + conv,
+                        static_cast<unsigned>(static_cast<unsigned char>(va_arg(args, unsigned))));
                 else if (length == "h")
-                    AppendNumber(out, spec + conv, static_cast<unsigned>(static_cast<unsigned short>(va_arg(args, unsigned))));
+                    AppendNumber(
+                        out, conversion + conv,
+                        static_cast<unsigned>(static_cast<unsigned short>(va_arg(args, unsigned))));
                 else
-                    AppendNumber(out, spec + conv, va_arg(args, unsigned));
+                    AppendNumber(out, conversion + conv, va_arg(args, unsigned));
                 break;
             case 'f':
             case 'F':
@@ -236,12 +249,12 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             case 'a':
             case 'A':
                 if (length == "L")
-                    AppendNumber(out, spec + "L" + conv, va_arg(args, long double));
+                    AppendNumber(out, conversion + "L" + conv, va_arg(args, long double));
                 else
-                    AppendNumber(out, spec + conv, va_arg(args, double));
+                    AppendNumber(out, conversion + conv, va_arg(args, double));
                 break;
             case 'p':
-                AppendNumber(out, spec + "p", va_arg(args, void*));
+                AppendNumber(out, conversion + "p", va_arg(args, void*));
                 break;
             case 'c': {
                 const std::size_t start = out.size();
@@ -269,7 +282,8 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
                 (void)va_arg(args, void*);
                 break;
             default:  // unknown conversion: keep the text as it stands
-                for (const Ch* p = convStart; p != f; ++p) out += static_cast<typename Out::value_type>(*p);
+                for (const Ch* p = convStart; p != f; ++p)
+                    out += static_cast<typename Out::value_type>(*p);
                 break;
         }
     }
