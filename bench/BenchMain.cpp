@@ -95,6 +95,11 @@ const std::vector<Row>& Rows() {
          {"SceneChains/eigen-Matrix4d", "SceneChains/eigen-Affine3d", "SceneChains/glm-dmat4",
           "SceneChains/imath-M44d"},
          1.0},
+        {"scene chains, in place (MultLeft)",
+         "SceneChains/ztlinear-Transform3f-MultLeft",
+         {"SceneChains/eigen-Matrix4d", "SceneChains/eigen-Affine3d", "SceneChains/glm-dmat4",
+          "SceneChains/imath-M44d"},
+         1.0},
         {"box culling (CanCull)",
          "CanCull/ztlinear-PickFrustum3f",
          {"CanCull/imath-FrustumTest"},
@@ -134,6 +139,7 @@ public:
             double peer[3] = {NAN, NAN, NAN};
             for (const char* name : row.peers) {
                 const double t = Find(name);
+                if (std::isnan(t)) continue;  // not built or not run
                 for (int k = 0; k < 3; ++k)
                     if (std::strncmp(name + std::strcspn(name, "/") + 1, kPeers[k],
                                      std::strlen(kPeers[k])) == 0 &&
@@ -142,7 +148,7 @@ public:
             }
             double fastest = NAN;
             for (double t : peer)
-                if (!(fastest <= t)) fastest = t;
+                if (!std::isnan(t) && !(fastest <= t)) fastest = t;
             const double ratio = ours / fastest;
             if (std::isnan(ours) && std::isnan(fastest)) continue;
             std::printf("%-36s %s %s %s %s %s %7s\n", row.title, Cell(ours).c_str(),
