@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 namespace {
@@ -20,6 +21,9 @@ struct ComponentCase {
     int errorStarts;  // error-system starts of a first Initialise (with the dependency's)
 };
 
+// Prints the name only: gtest's fallback would print the raw bytes, padding included.
+void PrintTo(const ComponentCase& c, std::ostream* os) { *os << c.name; }
+
 class ZtLComponentTest : public testing::TestWithParam<ComponentCase> {};
 }  // namespace
 
@@ -31,7 +35,8 @@ TEST_P(ZtLComponentTest, PairsFirstAndLastTransitionWithTheErrorSystem) {
     EXPECT_TRUE(c.isInitialised());
     EXPECT_EQ(ZtUError::GetInitCount(), base + c.errorStarts);
     c.initialise();
-    EXPECT_EQ(ZtUError::GetInitCount(), base + c.errorStarts) << "the nested Initialise adds nothing";
+    EXPECT_EQ(ZtUError::GetInitCount(), base + c.errorStarts)
+        << "the nested Initialise adds nothing";
     c.terminate();
     EXPECT_TRUE(c.isInitialised());
     EXPECT_EQ(ZtUError::GetInitCount(), base + c.errorStarts);

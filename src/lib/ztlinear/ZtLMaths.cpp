@@ -23,7 +23,9 @@ double ZtLMaths::fact(long n) noexcept {
     if (n < 0) return QuietNaN();
     if (n <= 9) return kFactorials[n];
     double product = kFactorials[9];
-    for (long i = 10; i <= n; ++i) product *= static_cast<double>(i);
+    // From 171! on the product is infinite and stays so: stop there rather than count on up to
+    // n, which for a large n would not finish.
+    for (long i = 10; i <= n && product != Infinity(); ++i) product *= static_cast<double>(i);
     return product;
 }
 

@@ -104,10 +104,12 @@ public:
     const double (&GetValue() const noexcept)[3][3] { return m; }
 
     // Products. this = this * b (this transform, then b).
-    ZtLMatrix3f& operator*=(const ZtLMatrix3f& b) noexcept;
+    // Declared inline here too: defined after the class, and used (MultRight) before that; a
+    // member of an imported Windows DLL class must be known inline at its first use.
+    inline ZtLMatrix3f& operator*=(const ZtLMatrix3f& b) noexcept;
     ZtLMatrix3f& MultRight(const ZtLMatrix3f& b) noexcept { return *this *= b; }
     // this = b * this (b, then this transform).
-    ZtLMatrix3f& MultLeft(const ZtLMatrix3f& b) noexcept;
+    inline ZtLMatrix3f& MultLeft(const ZtLMatrix3f& b) noexcept;
     // this = R(q) * this and this = this * R(q), R(q) the matrix built by SetValue(q).
     ZtLMatrix3f& RotateLeft(const ZtLRotation3f& q) noexcept;
     ZtLMatrix3f& RotateRight(const ZtLRotation3f& q) noexcept;
