@@ -18,6 +18,7 @@
 // data) through the ZtLMatrix component and yields the identity.
 
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztutil/ZtUStringBuffer.h>
@@ -226,6 +227,23 @@ private:
 static_assert(std::is_trivially_copyable<ZtLMatrix3f>::value &&
                   sizeof(ZtLMatrix3f) == 9 * sizeof(double),
               "a plain value of nine doubles");
+
+// Inline so that clients converting rotations in a loop pay no call into the library.
+inline void ZtLMatrix3f::SetValue(const ZtLRotation3f& q) noexcept {
+    const double x = q.GetA();
+    const double y = q.GetB();
+    const double z = q.GetC();
+    const double w = q.GetD();
+    m[0][0] = 1.0 - 2.0 * y * y - 2.0 * z * z;
+    m[1][1] = 1.0 - 2.0 * z * z - 2.0 * x * x;
+    m[2][2] = 1.0 - 2.0 * x * x - 2.0 * y * y;
+    m[0][1] = 2.0 * z * w + 2.0 * x * y;
+    m[1][0] = 2.0 * x * y - 2.0 * z * w;
+    m[0][2] = 2.0 * x * z - 2.0 * y * w;
+    m[2][0] = 2.0 * y * w + 2.0 * x * z;
+    m[1][2] = 2.0 * x * w + 2.0 * y * z;
+    m[2][1] = 2.0 * y * z - 2.0 * x * w;
+}
 
 // A * B: A first, then B. Returns a copy of B when A is exactly the identity, else a copy of A
 // when B is.
