@@ -71,7 +71,7 @@ public:
     void SetValue(const ZtLMatrix3f& other) noexcept { *this = other; }
     // The row-vector rotation matrix of the quaternion (x, y, z, w), which is not normalised
     // first: m00 = 1 - 2y^2 - 2z^2, m01 = 2zw + 2xy, m02 = 2xz - 2yw, and so on.
-    void SetValue(const ZtLRotation3f& q) noexcept;
+    inline void SetValue(const ZtLRotation3f& q) noexcept;  // defined after the class
     // The plane rotation (c, s) as a 2D homogeneous matrix: rows (c, s, 0), (-s, c, 0), (0, 0, 1).
     void SetValue(const ZtLRotation2f& r) noexcept;
 
