@@ -41,7 +41,7 @@ TEST(ZtLBoEventPointTest, GridTruncatesTowardZero) {
 }
 
 TEST(ZtLBoEventPointTest, CellSizeIsFixedButTheNegligibleTestReadsTheCurrentTolerance) {
-    Event first;  // fixes the grid at the default tolerance
+    Event first(0.5, 0.5);  // a fractional part fixes the grid at the default tolerance
     ZtLVec::SetResabs(1e-3);
     const Event p(0.0005, 0.0015);
     ZtLVec::SetResabs(1e-6);

@@ -100,6 +100,8 @@ TEST(ZtLMaths, FfsAndCeilPower2) {
     EXPECT_EQ(ZtLMaths::ffs(8), 4);
     EXPECT_EQ(ZtLMaths::ffs(-1), 1);
     EXPECT_EQ(ZtLMaths::ffs(LONG_MIN), static_cast<int>(sizeof(long) * CHAR_BIT));
+    EXPECT_EQ(ZtLMaths::ffs(static_cast<long>(INT32_MIN)), 32)
+        << "the same for either width of long";
 
     const struct {
         int in, out;

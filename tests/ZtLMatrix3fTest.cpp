@@ -99,6 +99,8 @@ TEST(ZtLMatrix3f, InverseOfTheIdentityAndByCofactors) {
     // Ratio det / (P - N) = 1: cofactors, which give the reciprocals exactly.
     EXPECT_EQ(ZtLMatrix3f(1e-6, 0, 0, 0, 1e6, 0, 0, 0, 1).Inverse(),
               ZtLMatrix3f(1e6, 0, 0, 0, 1e-6, 0, 0, 0, 1));
+    // Each cofactor is divided by det: 49 / 98 is 0.5 where 49 * (1 / 98) is not.
+    EXPECT_EQ(ZtLMatrix3f(2, 0, 0, 0, 7, 0, 0, 0, 7).Inverse()[0][0], 0.5);
     std::mt19937 gen(7);
     for (int tested = 0; tested < 200;) {
         ZtLMatrix3f m = Random(gen);

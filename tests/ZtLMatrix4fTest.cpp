@@ -21,7 +21,6 @@ struct PostCapture {
     PostCapture() : previous(ZtUError::SetHandler(&Record)) {
         g_posts.clear();
         g_messages.clear();
-        g_messages.clear();
     }
     ~PostCapture() { ZtUError::SetHandler(previous); }
     static void Record(const ZtUErrorReport& r) {

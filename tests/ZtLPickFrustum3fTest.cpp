@@ -130,13 +130,14 @@ TEST(ZtLPickFrustum3f, TrianglesByConfiguration) {
         int tri;
         Case k;
     } cases[] = {
-        // Nothing to clip: the ring is the triangle itself and the status Inside, hence 0x80.
-        {1, {"inside, plane 4", kPos, 0, 1, 0x80, q, 1}},
-        {1, {"inside, no output asked", 0, 0, 1, 0x80, q, 1}},
-        {1, {"inside, vertex snap", kPos | kVtx, 0, 1, 0x80 | 0x20, q, 1}},
-        {1, {"inside, edge snap", kPos | kEdge, 0, 1, 0x80 | 0x03, q, 1}},
-        {1, {"inside, centre line", kPos | kCL, 0, 1, 0x80, axisI, 2.25}},
-        {1, {"inside, centre line, vertex snap", kPos | kCL | kVtx, 0, 1, 0xc0, r, 3}},
+        // Nothing to clip, yet the triangle still goes through the clipper: Partial, no 0x80.
+        {1, {"inside, plane 4", kPos, 0, 1, 0, q, 1}},
+        {1, {"inside, no output asked", 0, 0, 1, 0, q, 1}},
+        {1, {"inside, vertex snap", kPos | kVtx, 0, 1, 0x20, q, 1}},
+        {1, {"inside, edge snap", kPos | kEdge, 0, 1, 0x03, q, 1}},
+        {1, {"inside, near limit", kPos | kLimit, 1.5, 1, 0, q, 1}},
+        {1, {"inside, centre line", kPos | kCL, 0, 1, 0, axisI, 2.25}},
+        {1, {"inside, centre line, vertex snap", kPos | kCL | kVtx, 0, 1, 0x40, r, 3}},
         {0, {"clipped, plane 4", kPos, 0, 1, 0, e, 0.625}},
         {0, {"clipped, vertex snap", kPos | kVtx, 0, 1, 0x10, a, 1}},
         {0, {"clipped, edge snap", kPos | kEdge, 0, 1, 0x01, e, 0.625}},
@@ -151,7 +152,7 @@ TEST(ZtLPickFrustum3f, TrianglesByConfiguration) {
         {0,
          {"clipped, centre line, edge", kPos | kCL | kEdge, 0, 1, 0x02, {0.1, 0.2, -3.25}, 2.25}},
         {2, {"off the axis, centre line through", kPos | kCL | kThrough, 0, 0, 0, s0, 0}},
-        {2, {"off the axis, centre line", kPos | kCL, 0, 1, 0x80 | 0x01, s0, 1}},
+        {2, {"off the axis, centre line", kPos | kCL, 0, 1, 0x01, s0, 1}},
     };
     const ZtLPickFrustum3f box = Box();
     for (const auto& k : cases) {
@@ -299,6 +300,9 @@ TEST(ZtLPickFrustum3f, TransformsCarryThePicks) {
         EXPECT_EQ(k.moved.Intersects(a * m, c * m, b * m, 1, 0x3f), mirrored ? 1 : 0);
     }
     for (int i = 0; i < 6; ++i) EXPECT_TRUE(inPlace.GetPlane(i) == cases[4].moved.GetPlane(i));
+    // Rotate maps the eye in column form, rot * origin, where the planes take origin . rot.
+    const ZtLPos3f eyeAt(1, 2, 3);
+    EXPECT_TRUE(Near(copy.TranslatedBy(eyeAt.Vec()).RotatedBy(rot).GetOrigin(), rot * eyeAt, 0));
 }
 
 // Random triangles against random narrow pick volumes: hit or miss agrees with dense sampling of

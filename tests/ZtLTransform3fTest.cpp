@@ -194,12 +194,17 @@ TEST(ZtLTransform3f, RepairingViewsFillAbsentPartsAndRawViewsDoNot) {
     EXPECT_EQ(r.AffineComplete(), ZtLAffine3f(kLinear, {0, 0, 0}));
     EXPECT_EQ(r.GetTraits(), 7u);
 
-    // A projective transform has no absent affine part to repair.
-    const ZtLTransform3f p(kPersp);
-    p.AffineComplete();
-    EXPECT_EQ(p.MatrixDirect(), kPersp);
-    EXPECT_EQ(p.GetLinear(), kPersp.GetLinear());
-    EXPECT_EQ(p.GetTranslation()[0], 3.0);
+    // The repair looks at the linear bits and bit 16 only: traits 32 has neither, so the
+    // overlaid 4x4 storage is overwritten (matrix entries 0-8, then 9-11).
+    ZtLTransform3f p(kPersp);
+    p.AffineLinear();
+    EXPECT_EQ(p.MatrixDirect()[0][3], 0.0);
+    EXPECT_EQ(p.MatrixDirect()[1][1], 0.0);
+    EXPECT_EQ(p.MatrixDirect()[2][0], 1.0);
+    p.AffineTrans();
+    EXPECT_EQ(p.MatrixDirect()[2][2], 0.0);
+    EXPECT_EQ(p.MatrixDirect()[2][3], 0.0);
+    EXPECT_EQ(p.GetTraits(), 32u);
 }
 
 TEST(ZtLTransform3f, ProductsCopyOrAddWhereTheTraitsAllow) {

@@ -1,6 +1,15 @@
 #ifndef ZTLINEAR_ZTLAFFINE3F_H
 #define ZTLINEAR_ZTLAFFINE3F_H
 
+// ZtLAffine3f: an affine map of 3D space: a linear part L (a 3x3 matrix) followed by a translation
+// T.
+//
+// Conventions (shared by every transform of the library): points and vectors are row vectors on
+// the left, so a point p maps to p.L + T and a free vector v to v.L; a * b applies a first, then
+// b; MultRight(x) appends x after this map, MultLeft(x) puts it before. The default map is the
+// identity. There is no projective part and no record of what kind of map this is (see
+// ZtLTransform3f for that).
+
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLVec3f.h>
@@ -11,13 +20,6 @@
 class ZtLMatrix4f;
 class ZtLRotation3f;
 
-// An affine map of 3D space: a linear part L (a 3x3 matrix) followed by a translation T.
-//
-// Conventions (shared by every transform of the library): points and vectors are row vectors on
-// the left, so a point p maps to p.L + T and a free vector v to v.L; a * b applies a first, then
-// b; MultRight(x) appends x after this map, MultLeft(x) puts it before. The default map is the
-// identity. There is no projective part and no record of what kind of map this is (see
-// ZtLTransform3f for that).
 class ZTL_EXPORT ZtLAffine3f {
 public:
     ZtLAffine3f() noexcept : m_linear(), m_translation(0.0, 0.0, 0.0) {}

@@ -3,8 +3,9 @@
 #include <cmath>
 
 namespace {
-// The number of grid cells per unit, fixed by the tolerance in force at first use so that every
-// event of the process is keyed on the same grid.
+// The number of grid cells per unit, fixed by the tolerance in force when the first
+// non-negligible fractional part is split, so that every event of the process is keyed on the
+// same grid.
 double CellsPerUnit() noexcept {
     static const double cells = 1.0 / ZtLVec::GetResabs();
     return cells;
@@ -37,10 +38,11 @@ ZtLBoEventPoint& ZtLBoEventPoint::operator=(const ZtLBoEventPoint& other) noexce
 }
 
 void ZtLBoEventPoint::Split() noexcept {
-    const double cells = CellsPerUnit();  // first, so that the first event point fixes the grid
     const double resabs = ZtLVec::GetResabs();
     for (int i = 0; i < 2; ++i) {
         const double fraction = std::modf(m_point[i], &m_whole[i]);
-        m_fraction[i] = std::fabs(fraction) <= resabs ? 0 : TruncateToInt32(fraction * cells);
+        // The cell size is taken only here, so the first fraction that needs it fixes the grid.
+        m_fraction[i] =
+            std::fabs(fraction) <= resabs ? 0 : TruncateToInt32(fraction * CellsPerUnit());
     }
 }

@@ -14,8 +14,9 @@
 // into the same cells are the same event. The grid truncates rather than rounds: 0.9999995 and
 // 1.0000005 are different events although they lie 1e-06 apart.
 //
-// The cell size is the reciprocal of resabs taken once, when the first event point of the
-// process is made; the test for a negligible fractional part reads resabs at each split. Events
+// The cell size is the reciprocal of resabs taken once, when the process first splits a
+// fractional part that is not negligible; the test for a negligible fractional part reads
+// resabs at each split. Events
 // order by (x cells, y cells) lexicographically: the sweep runs in x, ties are broken by y.
 // The exact coordinates are kept beside the key and are what ThePoint(), GetX() and GetY() give.
 //

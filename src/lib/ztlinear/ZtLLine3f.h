@@ -56,8 +56,8 @@ public:
         m_direction.SetAndNormalize(p1 - p0);
         m_point = Project(p0);
     }
-    void SetValue(const ZtLRay3f& r) noexcept;
-    void SetValue(const ZtLSegment3f& s) noexcept;
+    inline void SetValue(const ZtLRay3f& r) noexcept;
+    inline void SetValue(const ZtLSegment3f& s) noexcept;
     // Stores p and d unchanged, d taken as of unit length; p is not projected.
     void SetNormalizedValue(const ZtLPos3f& p, const ZtLVec3f& d) noexcept {
         m_point = p;

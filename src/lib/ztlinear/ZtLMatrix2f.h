@@ -74,10 +74,10 @@ public:
     const double (&GetValue() const noexcept)[2][2] { return m; }
 
     // Products. this = this * b (this transform, then b).
-    ZtLMatrix2f& operator*=(const ZtLMatrix2f& b) noexcept;
+    inline ZtLMatrix2f& operator*=(const ZtLMatrix2f& b) noexcept;
     ZtLMatrix2f& MultRight(const ZtLMatrix2f& b) noexcept { return *this *= b; }
     // this = b * this (b, then this transform).
-    ZtLMatrix2f& MultLeft(const ZtLMatrix2f& b) noexcept;
+    inline ZtLMatrix2f& MultLeft(const ZtLMatrix2f& b) noexcept;
     // this = R(r) * this and this = this * R(r), R(r) the matrix built by SetValue(r).
     ZtLMatrix2f& RotateLeft(const ZtLRotation2f& r) noexcept { return MultLeft(ZtLMatrix2f(r)); }
     ZtLMatrix2f& RotateRight(const ZtLRotation2f& r) noexcept { return MultRight(ZtLMatrix2f(r)); }

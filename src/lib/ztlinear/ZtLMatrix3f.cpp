@@ -24,22 +24,6 @@ inline void Rotate(double a[3][3], int i, int j, int k, int l, double s, double 
 
 }  // namespace
 
-void ZtLMatrix3f::SetValue(const ZtLRotation3f& q) noexcept {
-    const double x = q.GetA();
-    const double y = q.GetB();
-    const double z = q.GetC();
-    const double w = q.GetD();
-    m[0][0] = 1.0 - 2.0 * y * y - 2.0 * z * z;
-    m[1][1] = 1.0 - 2.0 * z * z - 2.0 * x * x;
-    m[2][2] = 1.0 - 2.0 * x * x - 2.0 * y * y;
-    m[0][1] = 2.0 * z * w + 2.0 * x * y;
-    m[1][0] = 2.0 * x * y - 2.0 * z * w;
-    m[0][2] = 2.0 * x * z - 2.0 * y * w;
-    m[2][0] = 2.0 * y * w + 2.0 * x * z;
-    m[1][2] = 2.0 * x * w + 2.0 * y * z;
-    m[2][1] = 2.0 * y * z - 2.0 * x * w;
-}
-
 ZtLMatrix3f& ZtLMatrix3f::RotateLeft(const ZtLRotation3f& q) noexcept {
     return MultLeft(ZtLMatrix3f(q));
 }
@@ -90,12 +74,7 @@ ZtLMatrix3f ZtLMatrix3f::Inverse() const noexcept {
                        const_cast<ZtLMatrix3f*>(this), "Singular Matrix");
         return inv;
     }
-    for (int k = 0; k < 3; ++k) {
-        double col[3] = {0.0, 0.0, 0.0};
-        col[k] = 1.0;
-        ztl_detail::SolveLU(lu, perm, col);
-        for (int i = 0; i < 3; ++i) inv.m[i][k] = col[i];
-    }
+    ztl_detail::SolveLUUnit(lu, perm, inv.m);
     return inv;
 }
 

@@ -18,6 +18,7 @@
 // data) through the ZtLMatrix component and yields the identity.
 
 #include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLRotation3f.h>
 #include <ztlinear/ZtLVec2f.h>
 #include <ztlinear/ZtLVec3f.h>
 #include <ztutil/ZtUStringBuffer.h>
@@ -70,7 +71,7 @@ public:
     void SetValue(const ZtLMatrix3f& other) noexcept { *this = other; }
     // The row-vector rotation matrix of the quaternion (x, y, z, w), which is not normalised
     // first: m00 = 1 - 2y^2 - 2z^2, m01 = 2zw + 2xy, m02 = 2xz - 2yw, and so on.
-    void SetValue(const ZtLRotation3f& q) noexcept;
+    inline void SetValue(const ZtLRotation3f& q) noexcept;  // defined after the class
     // The plane rotation (c, s) as a 2D homogeneous matrix: rows (c, s, 0), (-s, c, 0), (0, 0, 1).
     void SetValue(const ZtLRotation2f& r) noexcept;
 
@@ -104,10 +105,12 @@ public:
     const double (&GetValue() const noexcept)[3][3] { return m; }
 
     // Products. this = this * b (this transform, then b).
-    ZtLMatrix3f& operator*=(const ZtLMatrix3f& b) noexcept;
+    // Declared inline here too: defined after the class, and used (MultRight) before that; a
+    // member of an imported Windows DLL class must be known inline at its first use.
+    inline ZtLMatrix3f& operator*=(const ZtLMatrix3f& b) noexcept;
     ZtLMatrix3f& MultRight(const ZtLMatrix3f& b) noexcept { return *this *= b; }
     // this = b * this (b, then this transform).
-    ZtLMatrix3f& MultLeft(const ZtLMatrix3f& b) noexcept;
+    inline ZtLMatrix3f& MultLeft(const ZtLMatrix3f& b) noexcept;
     // this = R(q) * this and this = this * R(q), R(q) the matrix built by SetValue(q).
     ZtLMatrix3f& RotateLeft(const ZtLRotation3f& q) noexcept;
     ZtLMatrix3f& RotateRight(const ZtLRotation3f& q) noexcept;
@@ -224,6 +227,23 @@ private:
 static_assert(std::is_trivially_copyable<ZtLMatrix3f>::value &&
                   sizeof(ZtLMatrix3f) == 9 * sizeof(double),
               "a plain value of nine doubles");
+
+// Inline so that clients converting rotations in a loop pay no call into the library.
+inline void ZtLMatrix3f::SetValue(const ZtLRotation3f& q) noexcept {
+    const double x = q.GetA();
+    const double y = q.GetB();
+    const double z = q.GetC();
+    const double w = q.GetD();
+    m[0][0] = 1.0 - 2.0 * y * y - 2.0 * z * z;
+    m[1][1] = 1.0 - 2.0 * z * z - 2.0 * x * x;
+    m[2][2] = 1.0 - 2.0 * x * x - 2.0 * y * y;
+    m[0][1] = 2.0 * z * w + 2.0 * x * y;
+    m[1][0] = 2.0 * x * y - 2.0 * z * w;
+    m[0][2] = 2.0 * x * z - 2.0 * y * w;
+    m[2][0] = 2.0 * y * w + 2.0 * x * z;
+    m[1][2] = 2.0 * x * w + 2.0 * y * z;
+    m[2][1] = 2.0 * y * z - 2.0 * x * w;
+}
 
 // A * B: A first, then B. Returns a copy of B when A is exactly the identity, else a copy of A
 // when B is.

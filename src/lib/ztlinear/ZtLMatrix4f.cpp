@@ -131,12 +131,7 @@ ZtLMatrix4f ZtLMatrix4f::Inverse() const noexcept {
                        const_cast<ZtLMatrix4f*>(this), "Singular Matrix");
         return result;
     }
-    for (int k = 0; k < 4; ++k) {
-        double col[4] = {0.0, 0.0, 0.0, 0.0};
-        col[k] = 1.0;
-        ztl_detail::SolveLU(lu, perm, col);
-        for (int i = 0; i < 4; ++i) result.m[i][k] = col[i];
-    }
+    ztl_detail::SolveLUUnit(lu, perm, result.m);
     return result;
 }
 

@@ -1,6 +1,20 @@
 #ifndef ZTLINEAR_ZTLMATRIX4F_H
 #define ZTLINEAR_ZTLMATRIX4F_H
 
+// ZtLMatrix4f: a homogeneous 4x4 matrix of doubles: an affine map with its translation in the last
+// row, or a projective map with a non-trivial last column.
+//
+// Conventions (shared by every transform of the library):
+// - entries are stored row by row, m[row][column];
+// - points and vectors are row vectors multiplied on the left: the point (x, y, z) is extended to
+//   (x, y, z, 1), multiplied as p.M and divided by the resulting w;
+// - the translation is row 3 (m30, m31, m32), the projective terms are column 3;
+// - A * B applies A first, then B; MultRight(B) appends B after this matrix, MultLeft(B) puts it
+//   before.
+// A matrix is affine when its column 3 is exactly (0, 0, 0, 1). The default matrix is the
+// identity. Inverting a singular matrix posts "Singular Matrix" (ZtLMatrix component, code 3)
+// and gives the identity; nothing else reports.
+
 #include <ztlinear/ZtLExport.h>
 #include <ztlinear/ZtLMatrix3f.h>
 #include <ztlinear/ZtLVec3f.h>
@@ -17,19 +31,6 @@ class ZtLRotation3f;
 // other one.
 ZTL_EXPORT ZtLMatrix4f operator*(const ZtLMatrix4f& a, const ZtLMatrix4f& b) noexcept;
 
-// A homogeneous 4x4 matrix of doubles: an affine map with its translation in the last row, or a
-// projective map with a non-trivial last column.
-//
-// Conventions (shared by every transform of the library):
-// - entries are stored row by row, m[row][column];
-// - points and vectors are row vectors multiplied on the left: the point (x, y, z) is extended to
-//   (x, y, z, 1), multiplied as p.M and divided by the resulting w;
-// - the translation is row 3 (m30, m31, m32), the projective terms are column 3;
-// - A * B applies A first, then B; MultRight(B) appends B after this matrix, MultLeft(B) puts it
-//   before.
-// A matrix is affine when its column 3 is exactly (0, 0, 0, 1). The default matrix is the
-// identity. Inverting a singular matrix posts "Singular Matrix" (ZtLMatrix component, code 3)
-// and gives the identity; nothing else reports.
 class ZTL_EXPORT ZtLMatrix4f {
 public:
     ZtLMatrix4f() noexcept { MakeIdentity(); }
@@ -47,6 +48,7 @@ public:
     ZtLMatrix4f(const ZtLMatrix3f& l, const ZtLVec3f& t) noexcept { MakeAffine(l, t); }
     explicit ZtLMatrix4f(const ZtLAffine3f& a) noexcept { MakeAffine(a); }
 
+    ZtLMatrix4f& operator=(const double* p) noexcept { return SetValue(p); }
     ZtLMatrix4f& operator=(const double (*p)[4]) noexcept { return SetValue(p); }
     ZtLMatrix4f& operator=(const ZtLRotation3f& q) noexcept { return MakeRotation(q); }
     ZtLMatrix4f& operator=(const ZtLAffine3f& a) noexcept { return MakeAffine(a); }

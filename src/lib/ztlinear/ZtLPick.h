@@ -71,7 +71,8 @@ public:
         OnVertex0 = 0x10,
         OnVertex1 = 0x20,
         OnVertex2 = 0x40,
-        // The primitive lies wholly inside every tested plane: nothing was clipped.
+        // The point or segment lies wholly inside every tested plane: nothing was clipped. A
+        // triangle pick always runs the clipper and never sets it.
         WhollyInside = 0x80,
         // Segment: the picked point is the first end, the second end, the midpoint.
         OnEnd0 = 0x10000,

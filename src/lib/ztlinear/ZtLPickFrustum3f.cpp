@@ -291,16 +291,15 @@ ZtLPickFrustum3f::PolyStatus ZtLPickFrustum3f::FindPolygon(ZtLPickFrustumContext
         ring.head = added;
     }
 
-    // A triangle that no tested plane cuts is Inside with storage as without: its ring is the
-    // triangle itself.
-    const PolyStatus status = clipped ? Partial : Inside;
-    if (!(context->options & ZtLPickEnum::UseNearLimit)) return status;
+    // Whatever went through the clipper is Partial, even a triangle that no tested plane cut (its
+    // ring is the triangle itself): a triangle pick with storage never reports WhollyInside.
+    if (!(context->options & ZtLPickEnum::UseNearLimit)) return Partial;
     // Only polygons that reach nearer than the limit are kept.
     const ZtLPlane3f& nearPlane = m_planes[4];
     int v = ring.head;
     do {
         if (context->nearLimit > SignedDistance(nearPlane, ring.vertices[v].position)) {
-            return status;
+            return Partial;
         }
         v = ring.vertices[v].next;
     } while (v != ring.head);
@@ -554,8 +553,9 @@ void ZtLPickFrustum3f::Translate(const ZtLVec3f& t) noexcept {
 
 void ZtLPickFrustum3f::Rotate(const ZtLMatrix3f& m) noexcept {
     for (int i = 0; i < m_numPlanes; ++i) m_planes[i].Rotate(m);
-    // The eye turns with the planes and the centre line: a row vector, origin . m.
-    if (m_hasOrigin) m_origin = m_origin * m;
+    // The eye is mapped in column form, m * origin (origin . m transposed), unlike the planes and
+    // the centre line; for a rotation that is the inverse turn. Transform maps it as a point.
+    if (m_hasOrigin) m_origin = m * m_origin;
     m_centreLine.Rotate(m);
 }
 

@@ -133,6 +133,7 @@ public:
     // something (and, with UseNearLimit, reaches nearer than nearLimit to plane 4; note the
     // opposite sense from the point query). The picked point is a surviving corner, a point of
     // the clipped ring or where the centre line meets the triangle, by the mode and snap options.
+    // Every triangle goes through the clipper, so the result never carries WhollyInside.
     int FindNearest(ZtLPickFrustumContext3f* context, const ZtLPos3f& a, const ZtLPos3f& b,
                     const ZtLPos3f& c) const noexcept;
     // The triangle query with a context of its own: it asks for the position and the distance
@@ -157,6 +158,8 @@ public:
     // frustum still faces inwards (its near plane's points on the inner side of the far plane,
     // else all six planes are turned round); Translate and Rotate keep the orientation anyway.
     void Translate(const ZtLVec3f& t) noexcept;
+    // The planes and the centre line are rotated as row vectors (p . m), but the origin is
+    // mapped in column form, m * origin: for a rotation, the opposite turn. No inverse is formed.
     void Rotate(const ZtLMatrix3f& m) noexcept;
     // Scales about the world origin.
     void Scale(double s) noexcept;

@@ -1,24 +1,9 @@
 #ifndef ZTLINEAR_ZTLTRANSFORM3F_H
 #define ZTLINEAR_ZTLTRANSFORM3F_H
 
-#include <ztlinear/ZtLAffine3f.h>
-#include <ztlinear/ZtLExport.h>
-#include <ztlinear/ZtLMatrix3f.h>
-#include <ztlinear/ZtLMatrix4f.h>
-#include <ztlinear/ZtLVec3f.h>
-#include <ztutil/ZtUStringBuffer.h>
-
-#include <cstdint>
-#include <type_traits>
-
-class ZtLComponentAffine3f;
-class ZtLRotation3f;
-class ZtUReadStream;
-class ZtUWriteStream;
-
-// The general 3D transform: anything from the identity through rotations, scales and affine
-// maps to a full projective 4x4 matrix, with a traits word that says which kinds of component it
-// holds, so that products, inversion and application skip the absent parts.
+// ZtLTransform3f: the general 3D transform: anything from the identity through rotations, scales
+// and affine maps to a full projective 4x4 matrix, with a traits word that says which kinds of
+// component it holds, so that products, inversion and application skip the absent parts.
 //
 // Traits bits: 1 rotation, 2 uniform scale (other than 1), 4 general linear, 16 translation,
 // 32 projective; 0 is the identity. A linear part set from an arbitrary matrix carries all three
@@ -36,6 +21,22 @@ class ZtUWriteStream;
 // the left, the translation sits in the last row, and a * b applies a first, then b;
 // MultRight(x) appends x after this transform, MultLeft(x) puts it before. Operands of the
 // products may be this transform or views of it.
+
+#include <ztlinear/ZtLAffine3f.h>
+#include <ztlinear/ZtLExport.h>
+#include <ztlinear/ZtLMatrix3f.h>
+#include <ztlinear/ZtLMatrix4f.h>
+#include <ztlinear/ZtLVec3f.h>
+#include <ztutil/ZtUStringBuffer.h>
+
+#include <cstdint>
+#include <type_traits>
+
+class ZtLComponentAffine3f;
+class ZtLRotation3f;
+class ZtUReadStream;
+class ZtUWriteStream;
+
 class ZTL_EXPORT ZtLTransform3f {
 public:
     static constexpr std::uint32_t TraitRotation = 1;
@@ -157,7 +158,9 @@ public:
 
     // Repairing views of the affine storage: without a linear bit the linear block is set to the
     // identity first, without bit 16 the translation to zero. The const forms repair the stored
-    // value too. A projective transform has no affine storage to repair: its views are raw.
+    // value too; the traits are unchanged. The test is on those bits alone: the affine view of a
+    // projective transform overlays its 4x4 matrix, which a repair overwrites, so projective
+    // transforms are read through MatrixDirect instead.
     ZtLMatrix3f& AffineLinear() noexcept {
         RepairLinear();
         return m_value.affine.EditLinear();
@@ -316,11 +319,10 @@ private:
     friend ZTL_EXPORT ZtUReadStream& operator>>(ZtUReadStream& s, ZtLTransform3f& x);
 
     void RepairLinear() const noexcept {
-        if ((m_traits & (TraitsLinear | TraitProjective)) == 0)
-            m_value.affine.EditLinear().MakeIdentity();
+        if ((m_traits & TraitsLinear) == 0) m_value.affine.EditLinear().MakeIdentity();
     }
     void RepairTranslation() const noexcept {
-        if ((m_traits & (TraitTranslation | TraitProjective)) == 0)
+        if ((m_traits & TraitTranslation) == 0)
             m_value.affine.SetTranslation(ZtLVec3f(0.0, 0.0, 0.0));
     }
 

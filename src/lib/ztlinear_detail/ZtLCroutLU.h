@@ -56,26 +56,38 @@ bool DecomposeLU(double (&a)[N][N], int (&perm)[N]) noexcept {
     return true;
 }
 
-// Solves L U x = b in place for a decomposition of DecomposeLU: forward substitution with the row
-// permutation, starting at the first non-zero entry of the permuted b, then back substitution.
+// Solves L U x = e_k for every k at once, for a decomposition of DecomposeLU: x[i][k] receives
+// entry i of solution k, so x is the inverse row by row. Each column is one solve: forward
+// substitution with the row permutation, starting at the first non-zero entry of the permuted
+// e_k (earlier rows contribute nothing), then back substitution dividing by the pivots. The N
+// columns run side by side so their independent chains of operations overlap.
 template <int N>
-void SolveLU(const double (&a)[N][N], const int (&perm)[N], double (&b)[N]) noexcept {
-    int first = -1;
+void SolveLUUnit(const double (&a)[N][N], const int (&perm)[N], double (&x)[N][N]) noexcept {
+    for (int i = 0; i < N; ++i)
+        for (int k = 0; k < N; ++k) x[i][k] = i == k ? 1.0 : 0.0;
+    int first[N];
+    for (int k = 0; k < N; ++k) first[k] = N;
     for (int i = 0; i < N; ++i) {
         const int p = perm[i];
-        double sum = b[p];
-        b[p] = b[i];
-        if (first >= 0) {
-            for (int j = first; j < i; ++j) sum -= a[i][j] * b[j];
-        } else if (sum != 0.0) {
-            first = i;
+        double sum[N];
+        for (int k = 0; k < N; ++k) {
+            sum[k] = x[p][k];
+            x[p][k] = x[i][k];
         }
-        b[i] = sum;
+        for (int j = 0; j < i; ++j)
+            for (int k = 0; k < N; ++k)
+                if (j >= first[k]) sum[k] -= a[i][j] * x[j][k];
+        for (int k = 0; k < N; ++k) {
+            if (first[k] == N && sum[k] != 0.0) first[k] = i;
+            x[i][k] = sum[k];
+        }
     }
     for (int i = N - 1; i >= 0; --i) {
-        double sum = b[i];
-        for (int j = i + 1; j < N; ++j) sum -= a[i][j] * b[j];
-        b[i] = sum / a[i][i];
+        double sum[N];
+        for (int k = 0; k < N; ++k) sum[k] = x[i][k];
+        for (int j = i + 1; j < N; ++j)
+            for (int k = 0; k < N; ++k) sum[k] -= a[i][j] * x[j][k];
+        for (int k = 0; k < N; ++k) x[i][k] = sum[k] / a[i][i];
     }
 }
 

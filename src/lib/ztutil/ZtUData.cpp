@@ -7,6 +7,10 @@ const std::string& ZtUData::GetString() const {
     return m_kind == String ? m_string : empty;
 }
 
+const double* ZtUData::GetPoint2D() const { return m_kind == Point2D ? m_values : kOrigin; }
+
+const double* ZtUData::GetPoint3D() const { return m_kind == Point3D ? m_values : kOrigin; }
+
 bool ZtUData::operator==(const ZtUData& other) const {
     if (m_kind != other.m_kind) return false;
     switch (m_kind) {

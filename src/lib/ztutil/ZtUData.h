@@ -39,8 +39,9 @@ public:
     }
     const std::string& GetString() const;
     // The two (x, y) or three (x, y, z) coordinates; all zero when the datum is not such a point.
-    const double* GetPoint2D() const { return m_kind == Point2D ? m_values : kOrigin; }
-    const double* GetPoint3D() const { return m_kind == Point3D ? m_values : kOrigin; }
+    // Defined in the library: kOrigin is not exported from the Windows DLL.
+    const double* GetPoint2D() const;
+    const double* GetPoint3D() const;
 
     // Same kind and same contents (doubles compared with ==, so NaN differs from itself).
     bool operator==(const ZtUData& other) const;

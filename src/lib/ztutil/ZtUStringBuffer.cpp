@@ -4,9 +4,14 @@
 #include <cstdint>
 #include <cstdio>
 #include <cwchar>
+#include <type_traits>
 #include <vector>
 
 namespace {
+
+// The type a wint_t argument arrives as through `...`: int where wint_t is narrower (16 bits on
+// Windows), wint_t itself otherwise.
+using WintArg = std::conditional_t<(sizeof(std::wint_t) < sizeof(int)), int, std::wint_t>;
 
 void AppendCodePoint(std::string& out, std::uint32_t cp) {
     if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) cp = 0xFFFD;
@@ -254,7 +259,8 @@ void FormatInto(Out& out, const Ch* f, std::va_list args) {
             case 'c': {
                 const std::size_t start = out.size();
                 if (wideArg)
-                    AppendCodePoint(out, static_cast<std::uint32_t>(va_arg(args, std::wint_t)));
+                    AppendCodePoint(out, static_cast<std::uint32_t>(
+                                             static_cast<std::wint_t>(va_arg(args, WintArg))));
                 else
                     AppendCodePoint(out, static_cast<unsigned char>(va_arg(args, int)));
                 Pad(out, start, width, left);
