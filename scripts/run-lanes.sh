@@ -55,6 +55,8 @@ count_tests() {
     failed=$(awk '/^\[  FAILED  \] [0-9]+ tests?, listed below/ {n += $4} END {print n + 0}' "$log")
     # The test programs: the distinct executables under the build's bin/ folder that CTest ran.
     programs=$(grep -o '/bin/[^/"]*_tests\(\.exe\)\?"' "$log" | sort -u | wc -l)
+    # The widths the platform test reported ("platform: long 32 bits, wchar_t 16 bits, ...").
+    widths=$(grep -m1 -o 'platform: long [0-9]* bits, wchar_t [0-9]* bits' "$log" | sed 's/^platform: //')
 }
 
 # Records a lane's result line.
@@ -86,12 +88,15 @@ run_preset() {
 lane_default() {
     # The README's test command, as it stands: its output (with CTest's closing line) goes to
     # the console.
+    rm -f build/default/Testing/Temporary/LastTest.log
     bash scripts/run-tests.sh
 }
 
 lane_preset() {
     local lane=$1 preset=$2 log=$logdir/$1.log
     : >"$log"
+    # The counts come from this run only.
+    rm -f "build/$preset/Testing/Temporary/LastTest.log"
     if ! run_preset "$preset" "$log"; then
         echo "-- $lane: build or tests failed; the end of $log:"
         tail -n 80 "$log"
@@ -102,8 +107,6 @@ lane_preset() {
 run_lane() {
     local lane=$1 start=$SECONDS ok=0 note="" builddir
     programs=0 passed=0 failed=0
-    # Counts come from this run only.
-    rm -f build/*/Testing/Temporary/LastTest.log
     say "lane $lane"
     case "$lane" in
         default)
@@ -146,7 +149,9 @@ run_lane() {
             ok=1
             ;;
     esac
+    widths=""
     count_tests "$builddir"
+    [ -n "$widths" ] && note="${note:+$note; }$widths"
     finish_lane "$lane" "$ok" "$((SECONDS - start))" "$note"
 }
 
