@@ -9,7 +9,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
-bash scripts/deps.sh "${ZT_BUILD_PACKAGES[@]}"
+bash scripts/deps.sh "${ZT_BUILD_PACKAGES[@]}" libtsan2
 
 build=build/tsan
 flags="-fsanitize=thread -g -O1"
