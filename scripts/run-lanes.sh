@@ -9,12 +9,12 @@
 #   linux32   32-bit x86 Linux (-m32 -msse2 -mfpmath=sse): `long` has 32 bits
 #   windows   32-bit Windows (MinGW-w64 i686) run under Wine: `long` 32 bits, `wchar_t` 16. Where
 #             Wine's 32-bit part cannot be installed it runs 64-bit Windows (x86_64, wine64) and
-#             says so.
+#             says so (ZT_WINDOWS64=1 asks for that on purpose).
 #
 # Each lane installs the Debian packages it needs (as root; otherwise it prints the apt-get line),
 # builds its dependencies when it needs its own (scripts/build-deps.sh, cached under build/deps),
 # configures, builds and tests its CMake preset under build/<preset>, and prints one line:
-#   lane windows: 2 programs, 57 tests passed (41 s)
+#   lane windows: 3 programs, 228 tests passed (41 s; 32-bit Windows under Wine; long 32 bits, ...)
 # A lane's build and test output goes to build/lanes/<lane>.log and is shown when it fails. Every
 # lane runs even when an earlier one failed; the exit code is non-zero when any lane failed. Safe to
 # run any number of times: a second run reuses the builds and the cached dependencies.
@@ -55,6 +55,8 @@ count_tests() {
     failed=$(awk '/^\[  FAILED  \] [0-9]+ tests?, listed below/ {n += $4} END {print n + 0}' "$log")
     # The test programs: the distinct executables under the build's bin/ folder that CTest ran.
     programs=$(grep -o '/bin/[^/"]*_tests\(\.exe\)\?"' "$log" | sort -u | wc -l)
+    # The widths the platform test reported ("platform: long 32 bits, wchar_t 16 bits, ...").
+    widths=$(grep -m1 -o 'platform: long [0-9]* bits, wchar_t [0-9]* bits' "$log" | sed 's/^platform: //')
 }
 
 # Records a lane's result line.
@@ -86,15 +88,29 @@ run_preset() {
 lane_default() {
     # The README's test command, as it stands: its output (with CTest's closing line) goes to
     # the console.
+    rm -f build/default/Testing/Temporary/LastTest.log
     bash scripts/run-tests.sh
 }
 
 lane_preset() {
     local lane=$1 preset=$2 log=$logdir/$1.log
     : >"$log"
+    # The counts come from this run only.
+    rm -f "build/$preset/Testing/Temporary/LastTest.log"
     if ! run_preset "$preset" "$log"; then
-        echo "-- $lane: build or tests failed; the end of $log:"
-        tail -n 80 "$log"
+        local tests=build/$preset/Testing/Temporary/LastTest.log
+        echo "-- $lane: build or tests failed ($log)"
+        if grep -q -E 'error:|undefined reference' "$log"; then
+            echo "-- the first errors:"
+            grep -m 30 -A 6 -E 'error:|undefined reference' "$log"
+        fi
+        if [ -f "$tests" ] && grep -q -E '^\[  FAILED  \]|Sanitizer|runtime error' "$tests"; then
+            echo "-- the failures:"
+            grep -m 60 -B 3 -A 8 -E 'Failure$|^\[  FAILED  \]|ERROR: [A-Za-z]*Sanitizer|runtime error' \
+                "$tests" | head -n 300
+        fi
+        echo "-- the end of the log:"
+        tail -n 30 "$log"
         return 1
     fi
 }
@@ -102,8 +118,6 @@ lane_preset() {
 run_lane() {
     local lane=$1 start=$SECONDS ok=0 note="" builddir
     programs=0 passed=0 failed=0
-    # Counts come from this run only.
-    rm -f build/*/Testing/Temporary/LastTest.log
     say "lane $lane"
     case "$lane" in
         default)
@@ -127,11 +141,17 @@ run_lane() {
             ;;
         windows)
             local preset=windows target=mingw-i686
-            if ! { enable_i386 && install_packages "${ZT_LANE_WINDOWS_PACKAGES[@]}"; }; then
+            # ZT_WINDOWS64=1 takes the 64-bit way on purpose (to try it).
+            if [ "${ZT_WINDOWS64:-0}" = 1 ] \
+                || ! { enable_i386 && install_packages "${ZT_LANE_WINDOWS_PACKAGES[@]}"; }; then
                 preset=windows64 target=mingw-x86_64
-                note="64-bit Windows: wine32:i386 could not be installed"
-                echo "NOTE: Wine's 32-bit part (wine32:i386) could not be installed: the windows lane"
-                echo "NOTE: runs 64-bit Windows instead (x86_64 MinGW-w64, wine64), not the host's 32-bit."
+                if [ "${ZT_WINDOWS64:-0}" = 1 ]; then
+                    note="64-bit Windows, as ZT_WINDOWS64=1 asks"
+                else
+                    note="64-bit Windows: wine32:i386 could not be installed"
+                    echo "NOTE: Wine's 32-bit part (wine32:i386) could not be installed: the windows lane"
+                    echo "NOTE: runs 64-bit Windows instead (x86_64 MinGW-w64, wine64), not the host's 32-bit."
+                fi
                 install_packages "${ZT_LANE_WINDOWS64_PACKAGES[@]}" || ok=1
             fi
             builddir=build/$preset
@@ -146,7 +166,9 @@ run_lane() {
             ok=1
             ;;
     esac
+    widths=""
     count_tests "$builddir"
+    [ -n "$widths" ] && note="${note:+$note; }$widths"
     finish_lane "$lane" "$ok" "$((SECONDS - start))" "$note"
 }
 
